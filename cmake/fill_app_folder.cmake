@@ -1,0 +1,10 @@
+# Fills the application folder with what ships beside the executable.
+file(MAKE_DIRECTORY "${APP_DIR}")
+if(NOT EXISTS "${APP_DIR}/Rankelo.MDB")
+    file(COPY "${EMPTY}" DESTINATION "${APP_DIR}")
+endif()
+foreach(name JOKER.BMP Rankelo.PDF)
+    if(EXISTS "${ASSETS}/${name}")
+        file(COPY "${ASSETS}/${name}" DESTINATION "${APP_DIR}")
+    endif()
+endforeach()

@@ -1,0 +1,6 @@
+#include "core/AppValues.h"
+
+AppValues& App() {
+    static AppValues values;
+    return values;
+}

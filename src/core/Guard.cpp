@@ -1,0 +1,30 @@
+#include "core/Guard.h"
+
+#include "core/Reporting.h"
+#include "core/RuntimeError.h"
+
+#include <new>
+
+namespace {
+
+RuntimeError currentError() {
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return {ErrorNumber::OutOfMemory, QStringLiteral("Out of memory")};
+    } catch (const std::exception& error) {
+        return {ErrorNumber::InvalidCall, QString::fromUtf8(error.what())};
+    } catch (...) {
+        return {ErrorNumber::InvalidCall, QStringLiteral("Unknown error")};
+    }
+}
+
+} // namespace
+
+void ReportCurrentException(const char* functionName, const char* objectName) {
+    const RuntimeError error = currentError();
+    ReportProgramError(error.Number(), error.Description(), QString::fromLatin1(functionName),
+                       QString::fromLatin1(objectName));
+}

@@ -1,0 +1,52 @@
+#include "core/Session.h"
+
+#include "core/Guard.h"
+#include "core/ProductInfo.h"
+#include "core/Reporting.h"
+#include "core/Utilities.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSysInfo>
+
+namespace {
+
+constexpr qsizetype LongestName = 255;
+
+QString getComputerID() {
+    return Guarded("GetComputerID", "Session", QString(),
+                   [] { return QSysInfo::machineHostName().left(LongestName); });
+}
+
+QString getUserID() {
+    return Guarded("GetUserID", "Session", QString(), [] {
+        for (const char* variable : {"USERNAME", "USER", "LOGNAME"})
+            if (const QString name = qEnvironmentVariable(variable); !name.isEmpty())
+                return name.left(LongestName);
+        return QFileInfo(QDir::homePath()).owner().left(LongestName);
+    });
+}
+
+} // namespace
+
+Session::Session()
+    : Version(QString::fromLatin1(ProductInfo::Version))
+    , Executable(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName())
+    , ProductName(QString::fromLatin1(ProductInfo::Name))
+    , PCUsername(getUserID())
+    , SessionID(AppUtilities().GenerateUnique())
+    , MachineName(getComputerID())
+    , CreatedDate(AppUtilities().GetDateTime(2)) {}
+
+Session::~Session() {
+    constexpr qint32 lifecycleNotice = 32;
+    constexpr qint32 endOfSession = 1099;
+    ReportRecord(lifecycleNotice, endOfSession, QStringLiteral("Class Terminate"),
+                 QStringLiteral("Class_Terminate"), QStringLiteral("Session"));
+}
+
+Session& AppSession() {
+    static Session session;
+    return session;
+}

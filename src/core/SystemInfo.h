@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+// What only the system itself can tell; one implementation for each system.
+
+/// The version in a file's version block as four numbers joined by "."; empty for a file without
+/// one, and on systems that know no such block.
+QString FileVersionOf(const QString& path);
+
+/// The system's own folder, without a separator at the end.
+QString SystemFolder();
