@@ -1,0 +1,17 @@
+#include "app/Desktop.h"
+
+#include "app/Messages.h"
+#include "core/AppValues.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
+
+void ConnectDesktop() {
+    App().ShowErrorBox = [](const QString& text) {
+        Messages::Inform(QApplication::activeWindow(), text, QStringLiteral("Application Error"));
+    };
+    App().OpenDocument = [](const QString& path) {
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    };
+}

@@ -1,0 +1,71 @@
+#include "app/Theme.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QPalette>
+
+namespace {
+
+struct Shades {
+    QColor window, base, alternate, text, button, border, highlight, muted;
+};
+
+const Shades Light{{0xF3, 0xF6, 0xF8}, {0xFF, 0xFF, 0xFF}, {0xF3, 0xF8, 0xFB}, {0x1F, 0x2A, 0x33},
+                   {0xFF, 0xFF, 0xFF}, {0xC3, 0xCD, 0xD5}, {0x00, 0x6F, 0x94}, {0x55, 0x65, 0x70}};
+const Shades Dark{{0x1E, 0x25, 0x2B}, {0x16, 0x1B, 0x20}, {0x1B, 0x21, 0x27}, {0xE8, 0xEE, 0xF2},
+                  {0x2A, 0x33, 0x3B}, {0x4A, 0x57, 0x62}, {0x00, 0x74, 0x9B}, {0xA3, 0xB1, 0xBC}};
+
+QPalette paletteOf(const Shades& shades) {
+    QPalette palette(shades.button, shades.window);
+    palette.setColor(QPalette::Base, shades.base);
+    palette.setColor(QPalette::AlternateBase, shades.alternate);
+    palette.setColor(QPalette::ToolTipBase, shades.base);
+    palette.setColor(QPalette::ToolTipText, shades.text);
+    palette.setColor(QPalette::PlaceholderText, shades.muted);
+    palette.setColor(QPalette::WindowText, shades.text);
+    palette.setColor(QPalette::Text, shades.text);
+    palette.setColor(QPalette::ButtonText, shades.text);
+    palette.setColor(QPalette::Mid, shades.border);
+    palette.setColor(QPalette::Link, shades.highlight);
+    palette.setColor(QPalette::Highlight, shades.highlight);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, shades.muted);
+    return palette;
+}
+
+} // namespace
+
+// Outside any namespace, as the macro demands; the library would otherwise drop the pictures.
+static void keepIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
+void Theme::Apply(QApplication& application) {
+    keepIcons();
+    const bool dark = IsDark();
+    application.setStyle(QStringLiteral("Fusion"));
+    application.setPalette(paletteOf(dark ? Dark : Light));
+    constexpr int readablePoints = 11;
+    application.setFont(QFont(QStringLiteral("Arial"), readablePoints));
+    application.setWindowIcon(ProgramIcon());
+}
+
+bool Theme::IsDark() {
+    const QPalette palette = QApplication::palette();
+    return palette.color(QPalette::Window).lightness() <
+           palette.color(QPalette::WindowText).lightness();
+}
+
+QIcon Theme::Icon(const QString& name) {
+    const QString set = IsDark() ? QStringLiteral("dark") : QStringLiteral("light");
+    return QIcon(QStringLiteral(":/icons/%1/%2.png").arg(set, name));
+}
+
+QIcon Theme::ProgramIcon() {
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/app/%1.png").arg(side), QSize(side, side));
+    return icon;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QString>
+
+class QApplication;
+
+/// The one look of every screen: colours, spacing, icons. It follows the desktop's choice between
+/// light and dark.
+namespace Theme {
+
+/// The blue of an entry box that has the focus; the program's one accent.
+inline constexpr QColor Accent{0, 153, 204};
+/// The spacing unit in device-independent pixels; every margin and gap is a multiple of it.
+inline constexpr int Unit = 8;
+/// Sides of button and row pictures in device-independent pixels.
+inline constexpr int TileIcon = 48;
+inline constexpr int ButtonIcon = 24;
+
+/// Sets style, palette and font. To be called once, before the first screen.
+void Apply(QApplication& application);
+
+/// Whether the screens stand light on dark.
+bool IsDark();
+
+/// A picture of the icon family by its name, such as "add", in the set that suits the palette.
+QIcon Icon(const QString& name);
+
+/// The icon of the program itself.
+QIcon ProgramIcon();
+
+} // namespace Theme

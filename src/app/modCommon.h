@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QtGlobal>
+
+class QComboBox;
+class QString;
+
+/// Start-up's and every screen's common services.
+namespace modCommon {
+
+enum SettingsMode : qint32 { LoadSettings = 1, SaveSettings = 2 };
+
+/// Loads the display settings from "Rankelo.INI" beside the executable, or saves them there; any
+/// other mode does nothing. False when a value is no number or the file cannot be read or written;
+/// the values up to that key are then done. The footer height is never saved.
+bool Settings(qint32 mode);
+
+/// Closes the database and ends the process at once, with exit status 0.
+void ExitApp();
+
+/// Selects the first entry whose text equals the given one, in upper or lower case. False when
+/// there is none; the selection then stays.
+bool SelectListItem(QComboBox& list, const QString& text);
+
+} // namespace modCommon
