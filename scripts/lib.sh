@@ -1,0 +1,62 @@
+# Shared by the scripts of this folder, which source it. It leaves the caller in the project's
+# root folder.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+build_packages=(
+    g++ cmake ninja-build
+    sqlite3                                # makes the empty database
+    qt6-base-dev libqt6sql6-sqlite
+    libsimpleini-dev libcups2-dev
+    fonts-liberation                       # stands in for Arial, the board's first font
+    x11-utils                              # xdpyinfo: can the display be opened?
+)
+# A virtual display with a window manager, a keyboard for it, and a camera.
+display_packages=(xvfb openbox xdotool imagemagick procps)
+test_packages=(
+    "${build_packages[@]}" "${display_packages[@]}"
+    clang-format
+    cups cups-client cups-filters printer-driver-cups-pdf poppler-utils # print and read the page
+    desktop-file-utils appstream           # check what the desktop is told
+)
+
+# need_packages NAME...: installs what is missing of these Debian packages. When nothing is
+# missing the package manager is not asked at all; on another kind of system it says what is wanted.
+need_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is not a Debian system; please see to it that these are there: $*" >&2
+        return
+    fi
+    local installed name missing=()
+    installed=$(dpkg-query -W -f='${db:Status-Abbrev}${Package}\n' "$@" 2>/dev/null || true)
+    for name; do
+        [[ $'\n'$installed$'\n' == *$'\n'"ii $name"$'\n'* ]] || missing+=("$name")
+    done
+    ((${#missing[@]} == 0)) || install_packages "${missing[@]}"
+}
+
+install_packages() {
+    local as_root=()
+    if ((EUID != 0)); then
+        command -v sudo >/dev/null || {
+            echo "Please install these packages as root first: $*" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    echo "Installing $*"
+    "${as_root[@]}" apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "$@"
+}
+
+# build PRESET: brings what the preset makes up to date. CMake watches its own files but not the
+# presets.
+build() {
+    local folder=build
+    [[ $1 == release ]] || folder=build/$1
+    if [[ ! -e $folder/build.ninja || CMakePresets.json -nt $folder/build.ninja ]]; then
+        cmake --preset "$1"
+    fi
+    cmake --build --preset "$1"
+}
