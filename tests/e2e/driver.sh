@@ -1,0 +1,214 @@
+# Drives the real program as a person does: windows on a virtual display, a keyboard, eyes.
+# Sourced by the whole-program tests and by the scripts that take pictures.
+#
+# Nothing here sleeps for a fixed time: every step waits until the program shows what is expected,
+# and fails when that takes longer than a person's patience.
+set -euo pipefail
+export LC_ALL=C.UTF-8
+
+project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+app_folder=${RANKELO_APP_DIR:-$project/build/Rankelo}
+patience=30 # seconds
+folder=     # the application folder that the program runs from
+program=    # its process
+
+# The titles of the windows that do not have a fixed one.
+console='Rankelo - \[*.*.*\]'
+score_dialog='Score'
+
+# begin NAME [PICTURES]: makes a place for everything that the run leaves behind, except the
+# pictures, which go to the folder PICTURES.
+begin() {
+    name=$1
+    pictures=${2:-$project/build/e2e/$name}
+    pictures_taken=0
+    place=$(mktemp -d "${TMPDIR:-/tmp}/rankelo-$name.XXXXXX")
+    display_processes=()
+    rm -rf "$pictures"
+    mkdir "$place"/{home,config,tmp,runtime}
+    chmod 755 "$place"
+    chmod 700 "$place/runtime"
+    quiet_place=(HOME="$place/home" XDG_CONFIG_HOME="$place/config" XDG_RUNTIME_DIR="$place/runtime"
+        TMPDIR="$place/tmp" PATH="$PATH" LC_ALL="$LC_ALL" QT_QPA_PLATFORM=xcb)
+    trap 'finish $?' EXIT
+    trap 'exit 1' INT TERM HUP
+}
+
+finish() {
+    trap - EXIT INT TERM HUP
+    kill_program
+    close_display
+    rm -rf "$place"
+    exit "$1"
+}
+
+# fail TEXT: ends the run; shows what the program said and the screen as it is.
+fail() {
+    echo "$name: $*" >&2
+    if [[ -n $program ]]; then
+        echo "-- standard error of the program:" >&2
+        cat "$place/stderr" >&2
+        find "$place/tmp" -name '*.Log' -exec sh -c 'echo "-- $1:"; cat "$1"' - {} \; >&2
+    fi
+    if ((${#display_processes[@]})); then
+        echo "-- windows: $(xdotool search --onlyvisible --class Rankelo getwindowname %@ 2>&1 |
+            tr '\n' ';')" >&2
+        photograph "$pictures/failure.png"
+        echo "-- the screen: $pictures/failure.png" >&2
+    fi
+    exit 1
+}
+
+# within_patience WHAT COMMAND...: waits until the command succeeds.
+within_patience() {
+    local what=$1 end=$((SECONDS + patience))
+    shift
+    until "$@"; do
+        ((SECONDS < end)) || fail "waited in vain for $what"
+        sleep 0.05
+    done
+}
+
+# open_display SIZE: a screen of 96 dots an inch, such as 1280x720, with a window manager.
+open_display() {
+    close_display
+    Xvfb -displayfd 3 -screen 0 "$1x24" -dpi 96 -noreset -ac \
+        3>"$place/display" 2>"$place/display.log" &
+    display_processes=($!)
+    within_patience "a display" test -s "$place/display"
+    DISPLAY=:$(<"$place/display")
+    export DISPLAY
+    env "${quiet_place[@]}" openbox --sm-disable >>"$place/display.log" 2>&1 &
+    display_processes+=($!)
+    within_patience "the window manager" window_manager_is_there
+}
+
+window_manager_is_there() {
+    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
+}
+
+close_display() {
+    local process
+    for process in "${display_processes[@]}"; do
+        kill "$process" 2>/dev/null || true
+    done
+    for process in "${display_processes[@]}"; do
+        wait "$process" 2>/dev/null || true
+    done
+    display_processes=()
+    rm -f "$place/display"
+}
+
+# new_folder NAME [SQL_FILE]: a copy of the application folder with an empty quiz, or with the one
+# that the statements of the file make. Never touches the quiz in the real folder.
+new_folder() {
+    folder=$place/$1
+    copy_program "$app_folder" "$folder"
+    empty_quiz "$folder/Rankelo.MDB"
+    [[ -z ${2:-} ]] || sqlite3 -bail "$folder/Rankelo.MDB" ".read '$2'"
+}
+
+copy_program() {
+    mkdir -p "$2"
+    find "$1" -mindepth 1 -maxdepth 1 ! -name 'Rankelo.MDB*' ! -name Rankelo.INI \
+        -exec cp -r {} "$2" \;
+}
+
+empty_quiz() {
+    sqlite3 -bail "$1" ".read '$project/src/data/schema.sql'"
+}
+
+# start_program [NAME=VALUE...]: starts the program in its folder; its texts go to files.
+start_program() {
+    env -i "${quiet_place[@]}" DISPLAY="${DISPLAY:-}" "$@" "${as_user[@]:-env}" \
+        "$folder/Rankelo" >"$place/stdout" 2>"$place/stderr" &
+    program=$!
+}
+
+is_gone() {
+    ! kill -0 "$program" 2>/dev/null
+}
+
+# ended_with STATUS: waits until the program has ended, and expects its exit status.
+ended_with() {
+    local status=0
+    within_patience "the end of the program" is_gone
+    wait "$program" || status=$?
+    program=
+    [[ $status == "$1" ]] || fail "the program ended with exit status $status, not $1"
+}
+
+kill_program() {
+    [[ -n $program ]] || return 0
+    kill -KILL "$program" 2>/dev/null || true
+    wait "$program" 2>/dev/null || true
+    program=
+}
+
+# window TITLE: waits until the window with this title (a pattern of the shell) has the keyboard.
+window() {
+    within_patience "the window \"$1\" to have the keyboard" has_keyboard "$1"
+}
+
+has_keyboard() {
+    # shellcheck disable=SC2053 # a pattern
+    [[ $(xdotool getwindowfocus getwindowname 2>/dev/null) == $1 ]]
+}
+
+press() {
+    xdotool key --delay 20 "$@"
+}
+
+enter_text() {
+    xdotool type --delay 20 -- "$1"
+}
+
+ask() {
+    sqlite3 -readonly -cmd '.timeout 5000' "$folder/Rankelo.MDB" "$1"
+}
+
+# stored QUERY ANSWER: waits until the database gives the answer, one line a row.
+stored() {
+    local end=$((SECONDS + patience)) answer
+    until answer=$(ask "$1" 2>&1) && [[ $answer == "$2" ]]; do
+        ((SECONDS < end)) || fail "$1
+-- gives:
+$answer
+-- instead of:
+$2"
+        sleep 0.05
+    done
+}
+
+# picture NAME: keeps the screen as a numbered picture once it has come to rest.
+picture() {
+    local before='' now i
+    for ((i = 0; i < 20; ++i)); do
+        now=$(import -silent -window root rgb:- | cksum)
+        [[ $now != "$before" ]] || break
+        before=$now
+        sleep 0.1
+    done
+    ((++pictures_taken))
+    photograph "$pictures/$(printf '%02d' "$pictures_taken")-$1.png"
+}
+
+photograph() {
+    mkdir -p "$pictures"
+    import -silent -window root "$1"
+}
+
+# colours_down X: the colours that the eye meets going down the screen, X pixels from its left.
+colours_down() {
+    import -silent -window root -depth 8 -crop "1x0+$1+0" +repage txt:- |
+        grep -o '#[0-9A-F]\{6\}' | uniq | tr '\n' ' '
+}
+
+# shows X COLOURS: waits until the eye meets these colours.
+shows() {
+    local end=$((SECONDS + patience)) seen
+    until seen=$(colours_down "$1") && [[ $seen == "$2 " ]]; do
+        ((SECONDS < end)) || fail "$1 pixels from the left the screen shows $seen, not $2"
+        sleep 0.1
+    done
+}
