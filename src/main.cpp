@@ -1,5 +1,53 @@
+#include "app/Desktop.h"
+#include "app/Theme.h"
+#include "app/modCommon.h"
+#include "core/AppValues.h"
+#include "core/Guard.h"
+#include "core/Logging.h"
+#include "core/ProductInfo.h"
+#include "core/Utilities.h"
+#include "data/DBObject.h"
+#include "forms/frmMain.h"
+
 #include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+/// The start-up order. Gives the console, or nothing when the settings or the database cannot be
+/// had; the reason is then the log's last message.
+std::unique_ptr<frmMain> Main() {
+    return Guarded("Main", "modMain", std::unique_ptr<frmMain>(), []() -> std::unique_ptr<frmMain> {
+        App().TempPath = AppUtilities().ReturnTempPath();
+        App().AppPath = ApplicationFolder();
+        if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
+            return nullptr;
+        auto console = std::make_unique<frmMain>();
+        console->show();
+        return console;
+    });
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
-    QApplication a(argc, argv);
-    return 0;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QString::fromLatin1(ProductInfo::Name));
+    QApplication::setApplicationVersion(QString::fromLatin1(ProductInfo::Version));
+    QGuiApplication::setDesktopFileName(QStringLiteral("io.github.rankelo.Rankelo"));
+    // Only the exit command ends the program, not the last window that closes.
+    QApplication::setQuitOnLastWindowClosed(false);
+    Theme::Apply(application);
+    ConnectDesktop();
+
+    const std::unique_ptr<frmMain> console = Main();
+    if (!console) {
+        const QString reason = AppLog().Description().simplified();
+        std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));
+        return EXIT_FAILURE;
+    }
+    return QApplication::exec();
 }

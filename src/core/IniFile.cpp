@@ -11,6 +11,7 @@
 
 // Texts stay UTF-8 bytes as the file holds them.
 #define SI_NO_CONVERSION
+#define SI_IMPLEMENTATION
 #include <SimpleIni.h>
 
 namespace {

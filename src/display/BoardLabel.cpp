@@ -1,0 +1,80 @@
+#include "display/BoardLabel.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double ReadableContrast = 4.5;
+
+// The share of light that a person perceives of one channel.
+double linear(double channel) {
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color) {
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+} // namespace
+
+double ContrastRatio(const QColor& a, const QColor& b) {
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+BoardLabel::BoardLabel(QWidget* parent)
+    : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setAutoFillBackground(true);
+}
+
+void BoardLabel::SetColors(const QColor& back, const QColor& fore) {
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, back);
+    colors.setColor(QPalette::WindowText, fore);
+    setPalette(colors);
+}
+
+QColor BoardLabel::OutlineColor() const {
+    const QColor fore = palette().color(QPalette::WindowText);
+    if (ContrastRatio(fore, palette().color(QPalette::Window)) >= ReadableContrast)
+        return {};
+    return ContrastRatio(fore, Qt::black) >= ContrastRatio(fore, Qt::white) ? Qt::black : Qt::white;
+}
+
+void BoardLabel::paintEvent(QPaintEvent*) {
+    if (text().isEmpty())
+        return;
+    const QFontMetrics metrics(font());
+    // A hair of space, so that no glyph touches the edge of its box.
+    const int inset = metrics.averageCharWidth() / 4;
+    const QRect box = rect().adjusted(inset, 0, -inset - m_reserve, 0);
+    const QString shown = metrics.elidedText(text(), Qt::ElideRight, box.width());
+
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    const QColor fore = palette().color(QPalette::WindowText);
+    const QColor outline = OutlineColor();
+    if (!outline.isValid()) {
+        painter.setFont(font());
+        painter.setPen(fore);
+        painter.drawText(box, static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
+        return;
+    }
+    const double width = metrics.horizontalAdvance(shown);
+    const double slack = box.width() - width;
+    const double left = alignment().testFlag(Qt::AlignRight)     ? slack
+                        : alignment().testFlag(Qt::AlignHCenter) ? slack / 2
+                                                                 : 0;
+    const double baseline = (height() + metrics.ascent() - metrics.descent()) / 2.0;
+    QPainterPath glyphs;
+    glyphs.addText(QPointF(box.left() + left, baseline), font(), shown);
+    const double stroke = std::max(2.0, metrics.height() / 10.0);
+    painter.strokePath(glyphs, QPen(outline, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(glyphs, fore);
+}

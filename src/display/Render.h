@@ -1,0 +1,43 @@
+#pragma once
+
+#include "data/SummaryDAO.h"
+#include "display/RenderObject.h"
+
+#include <QString>
+#include <QtGlobal>
+
+class frmSummary;
+
+/// Lays standings out on a board: a heading, then one line of four elements for each row, in one
+/// or two columns. Distances in twips. An error is reported to the log and the operation answers
+/// false; what was drawn until then stays.
+class Render {
+public:
+    /// Builds the whole board and shows it. Lines of positions before `revealFrom` start hidden;
+    /// 0 shows every line.
+    bool RenderResults(frmSummary& board, const SummaryList& list, const QString& heading,
+                       qint32 revealFrom);
+    /// Adds one line at the current place of the board being built.
+    bool RenderLine(const Summary& row, bool visible);
+    bool RenderLabel(const RenderObject& element);
+    /// The picture is created hidden and is shown when its line is revealed.
+    bool RenderImage(const RenderObject& element);
+
+private:
+    bool renderHeading(const QString& heading);
+    void nextColumnWhenFull();
+    RenderObject numberBox(const Summary& row, bool visible) const;
+    RenderObject teamBox(const Summary& row, const RenderObject& position) const;
+    RenderObject jokerBox(const Summary& row, const RenderObject& team) const;
+    RenderObject scoreBox(const Summary& row, const RenderObject& position,
+                          const RenderObject& team) const;
+    QString nextName() const;
+
+    frmSummary* m_board = nullptr;
+    qint32 m_columnWidth = 0;
+    qint32 m_lineHeight = 0;
+    qint32 m_left = 0;
+    qint32 m_top = 0;
+    qint32 m_counter = 0; ///< controls created so far; makes names unique
+    qint32 m_columns = 1;
+};

@@ -1,1 +1,0 @@
-// Placeholder until the first screen of this floor lands.

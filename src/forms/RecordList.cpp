@@ -1,0 +1,37 @@
+#include "forms/RecordList.h"
+
+#include "app/Theme.h"
+
+#include <QHeaderView>
+
+RecordList::RecordList(const QString& name, const QStringList& columns, QWidget* parent)
+    : QTreeWidget(parent) {
+    setObjectName(name);
+    setAccessibleName(columns.join(QStringLiteral(", ")));
+    setHeaderLabels(columns);
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // A press of Tab leaves the list, it does not walk through it.
+    setTabKeyNavigation(false);
+    setIconSize(QSize(Theme::ButtonIcon, Theme::ButtonIcon));
+    header()->setSectionsMovable(false);
+    header()->setStretchLastSection(true);
+}
+
+QTreeWidgetItem* RecordList::AddRow(const QString& key, const QStringList& texts) {
+    auto* row = new QTreeWidgetItem(this, texts);
+    row->setData(0, Qt::UserRole, key);
+    return row;
+}
+
+QString RecordList::KeyOf(const QTreeWidgetItem& row) {
+    return row.data(0, Qt::UserRole).toString();
+}
+
+QTreeWidgetItem* RecordList::SelectedRow() const {
+    const QList<QTreeWidgetItem*> selected = selectedItems();
+    return selected.isEmpty() ? nullptr : selected.first();
+}

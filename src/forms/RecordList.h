@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QTreeWidget>
+
+/// A list of records, one row each, several columns, found again by the record's key.
+class RecordList : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    RecordList(const QString& name, const QStringList& columns, QWidget* parent = nullptr);
+
+    /// Appends a row that stands for the record with the key.
+    QTreeWidgetItem* AddRow(const QString& key, const QStringList& texts);
+    /// The key of a row.
+    static QString KeyOf(const QTreeWidgetItem& row);
+    /// The row that the operator selected; null when there is none.
+    QTreeWidgetItem* SelectedRow() const;
+    bool IsEmpty() const { return topLevelItemCount() == 0; }
+};

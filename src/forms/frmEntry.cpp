@@ -1,0 +1,126 @@
+#include "forms/frmEntry.h"
+
+#include "app/Messages.h"
+#include "app/TextBoxFocus.h"
+#include "app/Theme.h"
+#include "core/Guard.h"
+#include "core/Numbers.h"
+#include "forms/KeyPreview.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+const QString Confirmed = QStringLiteral("OK");
+const QString Cancelled = QStringLiteral("CANCEL");
+
+QPushButton* button(const QString& name, const QString& caption) {
+    auto* control = new QPushButton(caption);
+    control->setObjectName(name);
+    control->setAutoDefault(false);
+    control->setMinimumHeight(5 * Theme::Unit);
+    return control;
+}
+
+} // namespace
+
+frmEntry::frmEntry(QWidget* parent)
+    : QDialog(parent)
+    , m_score(new QLineEdit)
+    , m_joker(new QCheckBox(QStringLiteral("Joker")))
+    , m_answer(Cancelled) {
+    setObjectName(QStringLiteral("frmEntry"));
+    QFont arial = font();
+    arial.setFamily(QStringLiteral("Arial"));
+    setFont(arial);
+
+    auto* label = new QLabel(QStringLiteral("Score:"));
+    label->setObjectName(QStringLiteral("lblScore"));
+    label->setBuddy(m_score);
+    m_score->setObjectName(QStringLiteral("txtScore"));
+    m_score->setAccessibleName(QStringLiteral("Score"));
+    QFont big = arial;
+    big.setPointSize(4 * arial.pointSize());
+    m_score->setFont(big);
+    m_score->setAlignment(Qt::AlignRight);
+    m_score->setMinimumWidth(QFontMetrics(big).horizontalAdvance(u'8') * 6);
+    TextBoxFocus::Attach(m_score);
+    m_joker->setObjectName(QStringLiteral("chkJoker"));
+    auto* ok = button(QStringLiteral("cmdOK"), QStringLiteral("OK"));
+    auto* cancelButton = button(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit);
+    layout->setSpacing(2 * Theme::Unit);
+    layout->addWidget(label, 0, 0);
+    layout->addWidget(m_score, 0, 1, 1, 2);
+    layout->addWidget(m_joker, 1, 1, 1, 2);
+    layout->addWidget(ok, 2, 1);
+    layout->addWidget(cancelButton, 2, 2);
+
+    connect(ok, &QPushButton::clicked, this, &frmEntry::confirm);
+    connect(cancelButton, &QPushButton::clicked, this, &frmEntry::cancel);
+    new KeyPreview(this, KeyPreview::Releases::Swallow, [this](int key) { return onKey(key); });
+}
+
+void frmEntry::SetEntry(qint32 score, bool joker) {
+    m_score->setText(QString::number(score));
+    m_joker->setChecked(joker);
+    m_score->setFocus();
+}
+
+qint32 frmEntry::Score() const {
+    return ToInt32(QStringView(m_score->text()));
+}
+
+bool frmEntry::Joker() const {
+    return m_joker->isChecked();
+}
+
+bool frmEntry::onKey(int key) {
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        confirm();
+    else if (key == Qt::Key_Escape)
+        cancel();
+    else
+        return false;
+    return true;
+}
+
+void frmEntry::confirm() {
+    if (!ParseNumber(m_score->text())) {
+        Messages::Inform(this, QStringLiteral("Score must be a numeric value"),
+                         QStringLiteral("Rankelo Error"));
+        return;
+    }
+    m_answer = Confirmed;
+    hide();
+}
+
+void frmEntry::cancel() {
+    m_answer = Cancelled;
+    hide();
+}
+
+void frmEntry::closeEvent(QCloseEvent* event) {
+    cancel();
+    event->accept();
+}
+
+bool GetEntry(QWidget* parent, qint32& score, bool& joker) {
+    return Guarded("GetEntry", "modForms", false, [&] {
+        frmEntry dialog(parent);
+        dialog.SetEntry(score, joker);
+        dialog.exec();
+        if (dialog.Answer() != Confirmed)
+            return false;
+        score = dialog.Score();
+        joker = dialog.Joker();
+        return true;
+    });
+}

@@ -1,0 +1,103 @@
+#include "forms/modForms.h"
+
+#include "app/TextBoxFocus.h"
+#include "core/Guard.h"
+#include "data/Require.h"
+#include "data/RoundDAO.h"
+#include "data/SummaryDAO.h"
+#include "display/Render.h"
+#include "display/frmSummary.h"
+#include "forms/frmEntry.h"
+#include "forms/frmResultEntry.h"
+#include "forms/frmRoundEntry.h"
+#include "forms/frmTeamEntry.h"
+
+#include <QApplication>
+#include <QPointer>
+
+namespace {
+
+constexpr const char* Component = "modForms";
+
+QPointer<QWidget> theConsole;
+QPointer<frmSummary> theBoard;
+
+struct Standings {
+    std::unique_ptr<SummaryList> list;
+    QString title;
+};
+
+// Without the round, or when the standings cannot be had, the list stays empty-handed.
+Standings standingsOf(qint32 mode, const QString& roundKey) {
+    // Among equal scores, the one with fewer points before doubling comes first.
+    constexpr qint32 byScore = 2;
+    if (mode == modForms::OverallInWindow || mode == modForms::OverallOnBoard)
+        return {SummaryDAO().GetOverallSummary(byScore), QStringLiteral("Rankelo Results")};
+    const auto round = RoundDAO().GetRound(roundKey);
+    if (!round)
+        return {};
+    return {SummaryDAO().GetSummaryForRound(roundKey, byScore),
+            round->RoundName + QStringLiteral(" Results")};
+}
+
+// A board that is still open goes first: each build gets a fresh screen.
+void showOnBoard(const Standings& standings, qint32 revealFrom) {
+    delete theBoard;
+    theBoard = new frmSummary(theConsole);
+    Render().RenderResults(*theBoard, *standings.list, standings.title, revealFrom);
+}
+
+} // namespace
+
+void modForms::SetConsole(QWidget* console) {
+    theConsole = console;
+}
+
+bool modForms::RoundEntry() {
+    return Guarded("RoundEntry", Component, false, [] {
+        frmRoundEntry screen(theConsole);
+        screen.FillList();
+        screen.exec();
+        return true;
+    });
+}
+
+bool modForms::TeamEntry() {
+    return Guarded("TeamEntry", Component, false, [] {
+        frmTeamEntry screen(theConsole);
+        screen.FillList();
+        screen.exec();
+        return true;
+    });
+}
+
+bool modForms::ResultEntry(const QString& roundKey) {
+    return Guarded("ResultEntry", Component, false, [&] {
+        frmResultEntry screen(theConsole);
+        screen.Fill(roundKey);
+        screen.exec();
+        return true;
+    });
+}
+
+bool modForms::GetEntry(qint32& score, bool& joker) {
+    return ::GetEntry(QApplication::activeModalWidget(), score, joker);
+}
+
+void modForms::ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey) {
+    Guarded("ViewResults", Component, [&] {
+        const Standings standings = standingsOf(mode, roundKey);
+        if (!standings.list)
+            return;
+        if (mode == RoundOnBoard || mode == OverallOnBoard)
+            showOnBoard(standings, revealFrom);
+    });
+}
+
+void modForms::FocusGained(QWidget* control) {
+    TextBoxFocus::Gained(control);
+}
+
+void modForms::FocusLost(QWidget* control) {
+    TextBoxFocus::Lost(control);
+}
