@@ -1,5 +1,7 @@
 #include "app/Theme.h"
 
+#include "app/LookStyle.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
@@ -45,7 +47,7 @@ static void keepIcons() {
 void Theme::Apply(QApplication& application) {
     keepIcons();
     const bool dark = IsDark();
-    application.setStyle(QStringLiteral("Fusion"));
+    application.setStyle(new LookStyle);
     application.setPalette(paletteOf(dark ? Dark : Light));
     constexpr int readablePoints = 11;
     application.setFont(QFont(QStringLiteral("Arial"), readablePoints));
@@ -59,8 +61,13 @@ bool Theme::IsDark() {
 }
 
 QIcon Theme::Icon(const QString& name) {
-    const QString set = IsDark() ? QStringLiteral("dark") : QStringLiteral("light");
-    return QIcon(QStringLiteral(":/icons/%1/%2.png").arg(set, name));
+    const auto file = [&](const char* set) {
+        return QStringLiteral(":/icons/%1/%2.png").arg(QLatin1StringView(set), name);
+    };
+    QIcon icon(file(IsDark() ? "dark" : "light"));
+    // A selected row is dark in either palette.
+    icon.addFile(file("dark"), QSize(), QIcon::Selected);
+    return icon;
 }
 
 QIcon Theme::ProgramIcon() {

@@ -24,6 +24,7 @@ RecordList::RecordList(const QString& name, const QStringList& columns, QWidget*
 QTreeWidgetItem* RecordList::AddRow(const QString& key, const QStringList& texts) {
     auto* row = new QTreeWidgetItem(this, texts);
     row->setData(0, Qt::UserRole, key);
+    row->setSizeHint(0, QSize(0, 4 * Theme::Unit));
     return row;
 }
 

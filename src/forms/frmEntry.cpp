@@ -112,9 +112,10 @@ void frmEntry::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-bool GetEntry(QWidget* parent, qint32& score, bool& joker) {
+bool GetEntry(QWidget* parent, const QString& title, qint32& score, bool& joker) {
     return Guarded("GetEntry", "modForms", false, [&] {
         frmEntry dialog(parent);
+        dialog.setWindowTitle(title);
         dialog.SetEntry(score, joker);
         dialog.exec();
         if (dialog.Answer() != Confirmed)

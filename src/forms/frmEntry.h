@@ -31,6 +31,7 @@ private:
     QString m_answer;
 };
 
-/// Runs the score dialog over `parent`. True when the operator confirmed; `score` and `joker` then
-/// hold the answer, otherwise they stay as they were.
-bool GetEntry(QWidget* parent, qint32& score, bool& joker);
+/// Runs the score dialog over `parent`, under a title that says whose score is asked for. True when
+/// the operator confirmed; `score` and `joker` then hold the answer, otherwise they stay as they
+/// were.
+bool GetEntry(QWidget* parent, const QString& title, qint32& score, bool& joker);

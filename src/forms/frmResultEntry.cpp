@@ -88,6 +88,8 @@ frmResultEntry::frmResultEntry(QWidget* parent)
     QHeaderView* header = m_teams->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(TeamName, QHeaderView::Stretch);
+    m_teams->headerItem()->setTextAlignment(Score, Qt::AlignRight | Qt::AlignVCenter);
+    m_teams->headerItem()->setTextAlignment(Joker, Qt::AlignCenter);
     for (const int column : {Score, Joker}) {
         header->setSectionResizeMode(column, QHeaderView::Fixed);
         header->resizeSection(column, 12 * Theme::Unit);
@@ -213,7 +215,7 @@ void frmResultEntry::UpdateResult(const QString& roundKey, const QString& teamKe
         QTreeWidgetItem& row = Require(rowOf(teamKey));
         qint32 score = ToInt32(QStringView(row.text(Score)));
         bool joker = row.text(Joker) == Played;
-        if (!GetEntry(this, score, joker))
+        if (!GetEntry(this, row.text(TeamName), score, joker))
             return;
         Result result;
         if (const QString stored = row.text(ResultID); !stored.isEmpty())

@@ -81,7 +81,7 @@ bool modForms::ResultEntry(const QString& roundKey) {
 }
 
 bool modForms::GetEntry(qint32& score, bool& joker) {
-    return ::GetEntry(QApplication::activeModalWidget(), score, joker);
+    return ::GetEntry(QApplication::activeModalWidget(), QString(), score, joker);
 }
 
 void modForms::ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey) {
