@@ -47,33 +47,43 @@ QColor BoardLabel::OutlineColor() const {
     return ContrastRatio(fore, Qt::black) >= ContrastRatio(fore, Qt::white) ? Qt::black : Qt::white;
 }
 
+QFont BoardLabel::fittingFont(int width) const {
+    QFont fitting = font();
+    const int needed = QFontMetrics(fitting).horizontalAdvance(text());
+    if (!alignment().testFlag(Qt::AlignLeft) && needed > width && width > 0)
+        fitting.setPointSizeF(fitting.pointSizeF() * width / needed);
+    return fitting;
+}
+
 void BoardLabel::paintEvent(QPaintEvent*) {
     if (text().isEmpty())
         return;
-    const QFontMetrics metrics(font());
     // A hair of space, so that no glyph touches the edge of its box.
-    const int inset = metrics.averageCharWidth() / 4;
+    const int inset = QFontMetrics(font()).averageCharWidth() / 4;
     const QRect box = rect().adjusted(inset, 0, -inset - m_reserve, 0);
-    const QString shown = metrics.elidedText(text(), Qt::ElideRight, box.width());
+    const QFont drawn = fittingFont(box.width());
+    const QFontMetrics metrics(drawn);
+    const QString shown = alignment().testFlag(Qt::AlignLeft)
+                              ? metrics.elidedText(text(), Qt::ElideRight, box.width())
+                              : text();
 
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     const QColor fore = palette().color(QPalette::WindowText);
     const QColor outline = OutlineColor();
     if (!outline.isValid()) {
-        painter.setFont(font());
+        painter.setFont(drawn);
         painter.setPen(fore);
         painter.drawText(box, static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
         return;
     }
-    const double width = metrics.horizontalAdvance(shown);
-    const double slack = box.width() - width;
+    const double slack = box.width() - metrics.horizontalAdvance(shown);
     const double left = alignment().testFlag(Qt::AlignRight)     ? slack
                         : alignment().testFlag(Qt::AlignHCenter) ? slack / 2
                                                                  : 0;
     const double baseline = (height() + metrics.ascent() - metrics.descent()) / 2.0;
     QPainterPath glyphs;
-    glyphs.addText(QPointF(box.left() + left, baseline), font(), shown);
+    glyphs.addText(QPointF(box.left() + left, baseline), drawn, shown);
     const double stroke = std::max(2.0, metrics.height() / 10.0);
     painter.strokePath(glyphs, QPen(outline, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.fillPath(glyphs, fore);

@@ -2,8 +2,9 @@
 
 #include <QLabel>
 
-/// A text on the board, made to be read from the back row: centred in its height, ended with an
-/// ellipsis when it is too long, and outlined when its two colours are too close to each other.
+/// A text on the board, made to be read from the back row: centred in its height and outlined when
+/// its two colours are too close to each other. A name that is too long for its box ends with an
+/// ellipsis; a place or a score, which is not aligned left, is drawn smaller, never cut.
 class BoardLabel : public QLabel {
     Q_OBJECT
 
@@ -22,6 +23,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QFont fittingFont(int width) const;
+
     int m_reserve = 0;
 };
 
