@@ -6,7 +6,13 @@
 #include <QStringList>
 
 QString DateText(qint32 format, const QDateTime& value) {
-    const auto day = [&] { return QLocale::system().toString(value.date(), u"dd/MMM/yyyy"); };
+    // Only the month's name is the language's; digits are everybody's.
+    const auto day = [&] {
+        const QDate date = value.date();
+        return date.toString(u"dd/") +
+               QLocale::system().monthName(date.month(), QLocale::ShortFormat) +
+               date.toString(u"/yyyy");
+    };
     const auto time = [&] { return value.time().toString(u"HH:mm:ss"); };
     switch (format) {
     case 1:

@@ -5,8 +5,8 @@
 #include <QList>
 #include <QString>
 
-/// One INI file that people edit by hand: names match without regard to case; comments, the order
-/// of lines and keys that the program does not know survive a save. Errors are RuntimeErrors.
+/// One INI file that people edit by hand: names match without regard to case, the first of several
+/// equal keys counts, and every line that is not written stays as it is. Errors are RuntimeErrors.
 namespace IniFile {
 
 /// The value of a key without surrounding blanks and without one pair of surrounding quotes, cut
@@ -16,11 +16,12 @@ QString ReadValue(const QString& path, const QString& section, const QString& ke
 /// Every key of a section and its value as it stands, in the file's order.
 QList<ItemPair> ReadSection(const QString& path, const QString& section);
 
-/// Writes one key, making the file and the section when they are missing.
+/// Writes one key, making the file and the section when they are missing. Error 5 for what would
+/// not be read back as one line, such as a value with a line end.
 void WriteValue(const QString& path, const QString& section, const QString& key,
                 const QString& value);
 
-/// Replaces every key of a section.
+/// Replaces everything between a section's header and the next one.
 void ReplaceSection(const QString& path, const QString& section, const QList<ItemPair>& entries);
 
 } // namespace IniFile

@@ -28,7 +28,8 @@ std::optional<double> ParseNumber(QStringView text) {
         locale.setNumberOptions(QLocale::RejectGroupSeparator);
         bool ok = false;
         const double value = locale.toDouble(trimmed, &ok);
-        if (ok && std::isfinite(value))
+        // A number beyond the range of double counts as one; it overflows when it is converted.
+        if (ok || std::isinf(value))
             return value;
     }
     return std::nullopt;

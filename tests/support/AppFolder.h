@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// A fresh application folder for one test: an empty Rankelo.MDB, the default settings, and every
+/// report to the log kept instead of shown. The process-wide values point into it while it lives;
+/// it closes the database at its end.
+class AppFolder {
+public:
+    /// `name` is the folder's own name, to try awkward ones.
+    explicit AppFolder(const QString& name = QStringLiteral("Rankelo"));
+    ~AppFolder();
+    AppFolder(const AppFolder&) = delete;
+    AppFolder& operator=(const AppFolder&) = delete;
+
+    /// The full path of a file in the folder.
+    QString Path(const QString& file) const;
+    QString DatabasePath() const { return Path(QStringLiteral("Rankelo.MDB")); }
+    QString IniPath() const { return Path(QStringLiteral("Rankelo.INI")); }
+    /// The names of everything in the folder, sorted.
+    QStringList Files() const;
+
+    /// Opens the database; the test ends at once when that fails.
+    void Open() const;
+
+    /// What was reported since the last call, oldest first, as the operator would see it:
+    /// "9700 : [number] description [procedure/component]".
+    QStringList TakeReports();
+
+private:
+    QTemporaryDir m_parent;
+    QString m_folder;
+    QStringList m_reports;
+};
+
+/// The default display settings, as a start without an INI file loads them.
+void SetDefaultSettings();
+
+/// The bytes of an empty database made from the schema.
+const QByteArray& EmptyDatabase();
+
+/// Small file helpers that end the test when they fail.
+QByteArray ReadFile(const QString& path);
+void WriteFile(const QString& path, const QByteArray& bytes);
+
+/// Runs statements on a database file through a connection of its own, as another program would.
+/// Returns the first column of the last statement's rows.
+QStringList RunForeign(const QString& path, const QStringList& statements);
