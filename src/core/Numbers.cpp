@@ -44,12 +44,16 @@ qint32 ToInt32(double value) {
     return static_cast<qint32>(rounded);
 }
 
-qint32 ToInt32(QStringView text) {
+double ToNumber(QStringView text) {
     const std::optional<double> number = ParseNumber(text);
     if (!number)
         throw RuntimeError(ErrorNumber::TypeMismatch,
                            QStringLiteral("Type mismatch: \"%1\" is not a number").arg(text));
-    return ToInt32(*number);
+    return *number;
+}
+
+qint32 ToInt32(QStringView text) {
+    return ToInt32(ToNumber(text));
 }
 
 qint32 ToInt32(const QVariant& value) {

@@ -13,6 +13,9 @@ std::optional<double> ParseNumber(QStringView text);
 /// Rounds halves to even. Error 6 when the result does not fit into 32 bits.
 qint32 ToInt32(double value);
 
+/// Error 13 for a text that is not a number.
+double ToNumber(QStringView text);
+
 /// Error 13 for a text that is not a number, error 6 for one that does not fit.
 qint32 ToInt32(QStringView text);
 

@@ -4,12 +4,10 @@
 #include "core/Guard.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
+#include "data/Require.h"
 #include "display/BoardGeometry.h"
 #include "display/BoardLabel.h"
 #include "display/frmSummary.h"
-
-#include <QPixmap>
-#include <QPixmapCache>
 
 namespace {
 
@@ -48,17 +46,6 @@ Qt::Alignment alignmentOf(qint32 align) {
     }
 }
 
-QPixmap loadPicture(const QString& fileName) {
-    QPixmap picture;
-    if (fileName.isEmpty() || QPixmapCache::find(fileName, &picture))
-        return picture;
-    if (!picture.load(fileName))
-        throw RuntimeError(ErrorNumber::FileNotFound,
-                           QStringLiteral("%1: no picture that can be read").arg(fileName));
-    QPixmapCache::insert(fileName, picture);
-    return picture;
-}
-
 void place(QWidget& control, const RenderObject& element, int dpi) {
     control.setGeometry(TwipsToPixels(element.OLeft, dpi), TwipsToPixels(element.OTop, dpi),
                         TwipsToPixels(element.OWidth, dpi), TwipsToPixels(element.OHeight, dpi));
@@ -75,21 +62,22 @@ QFont fontOf(const RenderObject& element) {
 
 } // namespace
 
-bool Render::RenderResults(frmSummary& board, const SummaryList& list, const QString& heading,
+bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QString& heading,
                            qint32 revealFrom) {
     return Guarded("RenderResults", Component, false, [&] {
-        m_board = &board;
-        board.setWindowTitle(heading);
-        board.ShowBoard();
-        QPalette palette = board.palette();
+        m_board = &screen;
+        m_pictures.clear();
+        screen.setWindowTitle(heading);
+        screen.ShowBoard();
+        QPalette palette = board().palette();
         palette.setColor(QPalette::Window, ColorOf(App().BackGround));
-        board.setPalette(palette);
+        board().setPalette(palette);
 
-        m_lineHeight = ToInt32(ToInt32(QStringView(App().FontSize)) * TwipsPerPoint);
+        m_lineHeight = ToInt32(ToNumber(App().FontSize) * TwipsPerPoint);
         // Padding and footer are left out of this test, though a column ends before the footer.
         const double needed = (list.LastIndex() + 1.0) * m_lineHeight;
-        m_columns = board.BoardHeight() < needed ? 2 : 1;
-        m_columnWidth = ToInt32(static_cast<double>(board.BoardWidth()) / m_columns);
+        m_columns = board().BoardHeight() < needed ? 2 : 1;
+        m_columnWidth = ToInt32(static_cast<double>(board().BoardWidth()) / m_columns);
         m_left = 0;
         m_top = 0;
         m_counter = 0;
@@ -104,7 +92,7 @@ bool Render::RenderResults(frmSummary& board, const SummaryList& list, const QSt
                 return false;
             nextColumnWhenFull();
         }
-        board.ShowBoard();
+        board().ShowBoard();
         return true;
     });
 }
@@ -116,17 +104,17 @@ bool Render::renderHeading(const QString& heading) {
     element.BackColor = App().BackGround;
     element.ForeColor = App().FColorA;
     element.OHeight = ToInt32(m_lineHeight * HeadingScale);
-    element.OWidth = m_board->DisplayWidth();
+    element.OWidth = board().DisplayWidth();
     element.Text = heading;
     element.FontBold = true;
-    element.FontSize = ToInt32(element.FontSize * HeadingScale);
+    element.FontSize = ToInt32(ToNumber(App().FontSize) * HeadingScale);
     return RenderLabel(element);
 }
 
 // Tested after a line has been placed, against the top of the next one: the last line of a column
 // may reach into the footer. Columns that do not fit go on beyond the right edge.
 void Render::nextColumnWhenFull() {
-    if (subtract(m_board->BoardHeight(), App().Footer) < m_top) {
+    if (subtract(board().BoardHeight(), App().Footer) < m_top) {
         m_left = add(m_left, m_columnWidth);
         m_top = CheckedMultiply(2, m_lineHeight);
     }
@@ -145,12 +133,27 @@ bool Render::RenderLine(const Summary& row, bool visible) {
             return false;
         // Only the podium's pictures are ever revealed; there the name must end before them.
         if (row.Joker && row.Position <= LastPodiumPlace)
-            m_board->KeepTextLeftOf(team.Name, joker.Name);
+            board().KeepTextLeftOf(team.Name, joker.Name);
         if (!RenderLabel(scoreBox(row, position, team)))
             return false;
         m_top = add(m_top, add(m_lineHeight, App().CellPadY));
         return true;
     });
+}
+
+frmSummary& Render::board() const {
+    return Require(m_board);
+}
+
+// Forty jokers are the same file; the next board reads it again, should it be another picture.
+QPixmap Render::picture(const QString& fileName) {
+    if (fileName.isEmpty())
+        return {};
+    QPixmap& loaded = m_pictures[fileName];
+    if (loaded.isNull() && !loaded.load(fileName))
+        throw RuntimeError(ErrorNumber::FileNotFound,
+                           QStringLiteral("%1: no picture that can be read").arg(fileName));
+    return loaded;
 }
 
 QString Render::nextName() const {
@@ -217,8 +220,8 @@ RenderObject Render::scoreBox(const Summary& row, const RenderObject& position,
 
 bool Render::RenderLabel(const RenderObject& element) {
     return Guarded("RenderLabel", Component, false, [&] {
-        BoardLabel& label = m_board->AddLabel(element.Name);
-        place(label, element, m_board->Dpi());
+        BoardLabel& label = board().AddLabel(element.Name);
+        place(label, element, board().Dpi());
         label.setFont(fontOf(element));
         label.setText(element.Text);
         label.SetColors(ColorOf(element.BackColor), ColorOf(element.ForeColor));
@@ -232,13 +235,13 @@ bool Render::RenderLabel(const RenderObject& element) {
 
 bool Render::RenderImage(const RenderObject& element) {
     return Guarded("RenderImage", Component, false, [&] {
-        QLabel& picture = m_board->AddPicture(element.Name);
-        picture.hide();
-        picture.setPixmap(loadPicture(element.FileName));
-        place(picture, element, m_board->Dpi());
-        picture.setProperty(TagProperty, element.Tag);
-        picture.setScaledContents(true);
-        picture.raise();
+        QLabel& control = board().AddPicture(element.Name);
+        control.hide();
+        control.setPixmap(picture(element.FileName));
+        place(control, element, board().Dpi());
+        control.setProperty(TagProperty, element.Tag);
+        control.setScaledContents(true);
+        control.raise();
         ++m_counter;
         return true;
     });

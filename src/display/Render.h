@@ -3,6 +3,9 @@
 #include "data/SummaryDAO.h"
 #include "display/RenderObject.h"
 
+#include <QHash>
+#include <QPixmap>
+#include <QPointer>
 #include <QString>
 #include <QtGlobal>
 
@@ -15,7 +18,7 @@ class Render {
 public:
     /// Builds the whole board and shows it. Lines of positions before `revealFrom` start hidden;
     /// 0 shows every line.
-    bool RenderResults(frmSummary& board, const SummaryList& list, const QString& heading,
+    bool RenderResults(frmSummary& screen, const SummaryList& list, const QString& heading,
                        qint32 revealFrom);
     /// Adds one line at the current place of the board being built.
     bool RenderLine(const Summary& row, bool visible);
@@ -32,8 +35,13 @@ private:
     RenderObject scoreBox(const Summary& row, const RenderObject& position,
                           const RenderObject& team) const;
     QString nextName() const;
+    /// Error 91 when no board is being built, or when it was closed meanwhile.
+    frmSummary& board() const;
+    /// Error 53 when the file holds no picture; no file name is an empty picture.
+    QPixmap picture(const QString& fileName);
 
-    frmSummary* m_board = nullptr;
+    QPointer<frmSummary> m_board;
+    QHash<QString, QPixmap> m_pictures; ///< loaded for this board
     qint32 m_columnWidth = 0;
     qint32 m_lineHeight = 0;
     qint32 m_left = 0;
