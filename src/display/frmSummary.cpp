@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScreen>
 
 #include <chrono>
@@ -37,25 +38,30 @@ frmSummary::frmSummary(const QWidget* console)
     setScreen(screen);
     setGeometry(screen->geometry());
     // The projector is unplugged: the board goes with it instead of covering the console.
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this, screen](const QScreen* removed) {
-        if (removed == screen)
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this](const QScreen* removed) {
+        if (removed == this->screen())
             close();
     });
 }
 
 void frmSummary::ShowBoard() {
-    if (!isVisible()) {
-        showFullScreen();
-        raise();
-        activateWindow();
+    // The operator's keys wait until the board is there.
+    constexpr auto events = QEventLoop::ExcludeUserInputEvents;
+    if (isVisible()) {
+        QCoreApplication::processEvents(events);
+        return;
     }
-    // The window manager may take a moment to grant the full screen. The operator's keys wait.
+    showFullScreen();
+    raise();
+    activateWindow();
+    // The window manager may take a moment to grant the full screen, and the screen may go away.
     constexpr int patience = 500;
+    const QPointer<frmSummary> self(this);
     QElapsedTimer waited;
     waited.start();
     do {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        if (size() == screen()->size())
+        QCoreApplication::processEvents(events);
+        if (!self || size() == screen()->size())
             break;
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     } while (waited.elapsed() < patience);
