@@ -9,6 +9,8 @@
 namespace {
 
 constexpr double ReadableContrast = 4.5;
+// Far enough for the longest score in the narrowest column; a longer heading is cut.
+constexpr double SmallestShare = 1.0 / 8;
 
 // The share of light that a person perceives of one channel.
 double linear(double channel) {
@@ -47,11 +49,21 @@ QColor BoardLabel::OutlineColor() const {
     return ContrastRatio(fore, Qt::black) >= ContrastRatio(fore, Qt::white) ? Qt::black : Qt::white;
 }
 
+QString BoardLabel::line() const {
+    QString line = text();
+    std::replace_if(
+        line.begin(), line.end(), [](QChar c) { return c.isSpace(); }, u' ');
+    return line;
+}
+
 QFont BoardLabel::fittingFont(int width) const {
     QFont fitting = font();
-    const int needed = QFontMetrics(fitting).horizontalAdvance(text());
-    if (!alignment().testFlag(Qt::AlignLeft) && needed > width && width > 0)
-        fitting.setPointSizeF(fitting.pointSizeF() * width / needed);
+    if (alignment().testFlag(Qt::AlignLeft))
+        return fitting;
+    const double smallest = fitting.pointSizeF() * SmallestShare;
+    while (QFontMetrics(fitting).horizontalAdvance(line()) > width &&
+           fitting.pointSizeF() > smallest)
+        fitting.setPointSizeF(fitting.pointSizeF() * 0.95);
     return fitting;
 }
 
@@ -63,9 +75,7 @@ void BoardLabel::paintEvent(QPaintEvent*) {
     const QRect box = rect().adjusted(inset, 0, -inset - m_reserve, 0);
     const QFont drawn = fittingFont(box.width());
     const QFontMetrics metrics(drawn);
-    const QString shown = alignment().testFlag(Qt::AlignLeft)
-                              ? metrics.elidedText(text(), Qt::ElideRight, box.width())
-                              : text();
+    const QString shown = metrics.elidedText(line(), Qt::ElideRight, box.width());
 
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);

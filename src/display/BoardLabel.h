@@ -23,6 +23,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The text in one line, though a name may hold line ends.
+    QString line() const;
     QFont fittingFont(int width) const;
 
     int m_reserve = 0;
