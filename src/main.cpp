@@ -1,4 +1,5 @@
 #include "app/Desktop.h"
+#include "app/HeldKeys.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
 #include "core/AppValues.h"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     Theme::Apply(application);
     ConnectDesktop();
+    IgnoreHeldKeys(application);
 
     const std::unique_ptr<frmMain> console = Main();
     if (!console) {

@@ -41,10 +41,7 @@ bool KeyPreview::onPress(QWidget* focused, const QKeyEvent& event) {
         return false;
     if (popup)
         popup->close();
-    // A key held too long must not run on into the screen that its first press opened or left.
-    const bool decides = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
-                         event.key() == Qt::Key_Escape;
-    if ((decides && event.isAutoRepeat()) || m_onKey(event.key()))
+    if (m_onKey(event.key()))
         return true;
     auto* button = qobject_cast<QAbstractButton*>(focused);
     if (m_releases == Releases::Swallow && button && event.key() == Qt::Key_Space) {
