@@ -18,6 +18,8 @@
 #include <QComboBox>
 #include <QGridLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr const char* Component = "frmMain";
@@ -129,7 +131,7 @@ void frmMain::ListRounds(qint32 selectPosition) {
                               round.RoundID);
         }
         const bool anyway = selectPosition == NoPreference && m_rounds->count() > 0;
-        m_rounds->setCurrentIndex(anyway ? 0 : selectPosition - 1);
+        m_rounds->setCurrentIndex(anyway ? 0 : std::max(selectPosition, 0) - 1);
     });
 }
 

@@ -67,6 +67,8 @@ void frmRoundEntry::move(int index) {
         if (!RoundDAO().Reorder(RecordList::KeyOf(*selected), direction))
             return;
         const int next = std::clamp(index == MoveUp ? row - 1 : row + 1, 0, last);
+        // The same round is selected again; what is typed about it stays in the box.
+        const QSignalBlocker quiet(&list());
         if (FillList())
             list().setCurrentItem(list().topLevelItem(next));
     });

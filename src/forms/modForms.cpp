@@ -56,7 +56,8 @@ void modForms::SetConsole(QWidget* console) {
 bool modForms::RoundEntry() {
     return Guarded("RoundEntry", Component, false, [] {
         frmRoundEntry screen(theConsole);
-        screen.FillList();
+        if (!screen.FillList())
+            return false;
         screen.exec();
         return true;
     });
@@ -65,7 +66,8 @@ bool modForms::RoundEntry() {
 bool modForms::TeamEntry() {
     return Guarded("TeamEntry", Component, false, [] {
         frmTeamEntry screen(theConsole);
-        screen.FillList();
+        if (!screen.FillList())
+            return false;
         screen.exec();
         return true;
     });
