@@ -9,6 +9,7 @@
 #include "core/Utilities.h"
 #include "data/DBObject.h"
 #include "forms/frmMain.h"
+#include "forms/modForms.h"
 
 #include <QApplication>
 
@@ -26,6 +27,7 @@ std::unique_ptr<frmMain> Main() {
         App().AppPath = ApplicationFolder();
         if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
             return nullptr;
+        modForms::ShowSplash();
         auto console = std::make_unique<frmMain>();
         console->show();
         return console;

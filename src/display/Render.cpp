@@ -8,6 +8,7 @@
 #include "display/BoardGeometry.h"
 #include "display/BoardLabel.h"
 #include "display/frmSummary.h"
+#include "display/frmViewResults.h"
 
 namespace {
 
@@ -61,6 +62,19 @@ QFont fontOf(const RenderObject& element) {
 }
 
 } // namespace
+
+bool Render::ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption) {
+    return Guarded("ViewResults", Component, false, [&] {
+        screen.setWindowTitle(caption);
+        for (qint32 i = 0; i <= list.LastIndex(); ++i) {
+            const Summary& row = *list.Item(i);
+            screen.AddRow(QString::number(row.Position), row.TeamName, QString::number(row.Score),
+                          row.Joker ? QStringLiteral("Played") : QString());
+        }
+        screen.exec();
+        return true;
+    });
+}
 
 bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QString& heading,
                            qint32 revealFrom) {

@@ -10,12 +10,15 @@
 #include <QtGlobal>
 
 class frmSummary;
+class frmViewResults;
 
 /// Lays standings out on a board: a heading, then one line of four elements for each row, in one
 /// or two columns. Distances in twips. An error is reported to the log and the operation answers
 /// false; what was drawn until then stays.
 class Render {
 public:
+    /// Fills the results list, shows it and returns when it is closed.
+    bool ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption);
     /// Builds the whole board and shows it. Lines of positions before `revealFrom` start hidden;
     /// 0 shows every line.
     bool RenderResults(frmSummary& screen, const SummaryList& list, const QString& heading,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/RecordList.h"
+#include "app/RecordList.h"
 
 #include <QDialog>
 

@@ -10,6 +10,7 @@
 #include "core/Utilities.h"
 #include "data/Require.h"
 #include "data/RoundDAO.h"
+#include "display/frmOptions.h"
 #include "forms/KeyPreview.h"
 #include "forms/modForms.h"
 
@@ -148,6 +149,9 @@ void frmMain::dispatch(qint32 command) {
     case TeamsSetup:
         modForms::TeamEntry();
         break;
+    case Configuration:
+        frmOptions(this).exec();
+        break;
     case EnterResults:
     case ShowRound:
     case ViewRound:
@@ -155,6 +159,9 @@ void frmMain::dispatch(qint32 command) {
         break;
     case ShowOverall:
         modForms::ViewResults(modForms::OverallOnBoard, revealFrom(), QString());
+        break;
+    case ViewOverall:
+        modForms::ViewResults(modForms::OverallInWindow, revealFrom(), QString());
         break;
     case UserGuide:
         AppUtilities().OpenFile(App().AppPath + QStringLiteral("Rankelo.PDF"));
@@ -189,6 +196,8 @@ void frmMain::runForRound(qint32 command) {
         modForms::ResultEntry(round);
     else if (command == ShowRound)
         modForms::ViewResults(modForms::RoundOnBoard, revealFrom(), round);
+    else
+        modForms::ViewResults(modForms::RoundInWindow, revealFrom(), round);
 }
 
 void frmMain::step(int by) {

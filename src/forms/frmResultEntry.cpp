@@ -1,5 +1,6 @@
 #include "forms/frmResultEntry.h"
 
+#include "app/RecordList.h"
 #include "app/Theme.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
@@ -8,7 +9,6 @@
 #include "data/RoundDAO.h"
 #include "data/TeamDAO.h"
 #include "forms/KeyPreview.h"
-#include "forms/RecordList.h"
 #include "forms/frmEntry.h"
 
 #include <QComboBox>

@@ -1,12 +1,14 @@
 #include "forms/modForms.h"
 
 #include "app/TextBoxFocus.h"
+#include "app/frmAbout.h"
 #include "core/Guard.h"
 #include "data/Require.h"
 #include "data/RoundDAO.h"
 #include "data/SummaryDAO.h"
 #include "display/Render.h"
 #include "display/frmSummary.h"
+#include "display/frmViewResults.h"
 #include "forms/frmEntry.h"
 #include "forms/frmResultEntry.h"
 #include "forms/frmRoundEntry.h"
@@ -45,6 +47,11 @@ void showOnBoard(const Standings& standings, qint32 revealFrom) {
     delete theBoard;
     theBoard = new frmSummary(theConsole);
     Render().RenderResults(*theBoard, *standings.list, standings.title, revealFrom);
+}
+
+void showInWindow(const Standings& standings) {
+    frmViewResults screen(theConsole);
+    Render().ViewResults(screen, *standings.list, standings.title);
 }
 
 } // namespace
@@ -86,6 +93,14 @@ bool modForms::GetEntry(qint32& score, bool& joker) {
     return ::GetEntry(QApplication::activeModalWidget(), QString(), score, joker);
 }
 
+void modForms::ShowAbout() {
+    frmAbout::ShowAbout(QApplication::activeWindow());
+}
+
+void modForms::ShowSplash() {
+    frmAbout::ShowSplash();
+}
+
 void modForms::ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey) {
     Guarded("ViewResults", Component, [&] {
         const Standings standings = standingsOf(mode, roundKey);
@@ -93,6 +108,8 @@ void modForms::ViewResults(qint32 mode, qint32 revealFrom, const QString& roundK
             return;
         if (mode == RoundOnBoard || mode == OverallOnBoard)
             showOnBoard(standings, revealFrom);
+        else if (mode == RoundInWindow || mode == OverallInWindow)
+            showInWindow(standings);
     });
 }
 

@@ -28,8 +28,13 @@ bool TeamEntry();
 bool ResultEntry(const QString& roundKey);
 /// Runs the score dialog over the screen in use; see GetEntry in frmEntry.h.
 bool GetEntry(qint32& score, bool& joker);
-/// Shows standings in a window or on the board. `revealFrom` is 0 to show every line of the board
-/// at once, 4 to keep the podium hidden. Shows nothing for an unknown round or without standings.
+/// Shows the about box and waits until it is closed.
+void ShowAbout();
+/// Shows the splash screen for its two seconds.
+void ShowSplash();
+/// Shows standings in a window, and waits until it is closed, or on the board. `revealFrom` is 0 to
+/// show every line of the board at once, 4 to keep the podium hidden. Shows nothing for an unknown
+/// round or without standings.
 void ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey);
 
 // What a text box does when it is entered and left; see TextBoxFocus.

@@ -1,4 +1,4 @@
-#include "forms/RecordList.h"
+#include "app/RecordList.h"
 
 #include "app/Theme.h"
 
