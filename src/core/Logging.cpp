@@ -109,8 +109,8 @@ bool Logging::write(const Message& message) {
     const QString path = m_logPath + QStringLiteral("ISApplication.Log");
     if (!m_logFileExists)
         m_logFileExists = AppUtilities().FileExists(path);
-    if (!m_logFileExists)
-        append(path, QIODevice::NewOnly, header(LogDestination));
+    if (!m_logFileExists && !append(path, QIODevice::NewOnly, header(LogDestination)))
+        return false;
 
     const Session& session = AppSession();
     const bool fixedWidth = LogDestination != CommaSeparated;

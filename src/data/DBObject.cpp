@@ -17,11 +17,21 @@ constexpr const char* FileName = "Rankelo.MDB";
 constexpr const char* Connection = "Rankelo";
 
 // How long a statement waits for another program that holds the file. Once that was not enough,
-// the statements behind it hardly wait, so that a screen which needs several does not freeze.
+// the statements close behind it do not wait at all, so that a screen which needs many of them
+// does not freeze.
 constexpr int LongWait = 1500;
-constexpr int ShortWait = 50;
+constexpr int NoWait = 0;
+constexpr int CloseBehind = 1000;
 
-constexpr qint32 SqliteBusy = 5;
+// Result codes of the engine; a code with more detail carries one of these in its low byte.
+enum Code : qint32 {
+    General = 1,
+    Busy = 5,
+    IoError = 10,
+    Corrupt = 11,
+    NotADatabase = 26,
+    FileWasMoved = 1032,
+};
 constexpr qint32 PrimaryCode = 0xff;
 
 // Every table that the program reads, by a query that names each of its columns.
@@ -31,57 +41,88 @@ constexpr const char* TableProbes[] = {
     "SELECT ResultID,RoundID,TeamID,Score,Joker FROM Results LIMIT 1",
 };
 
-QString inFile(const QString& path, const QString& reason) {
-    return QDir::toNativeSeparators(path) + QStringLiteral(": ") + reason;
-}
-
 // Without this the engine would create a missing file. The path travels percent-encoded, for a
 // folder may be called "Quiz #7 100%".
 QString readWriteUri(const QString& path) {
-    return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded()) + QStringLiteral("?mode=rw");
+    const QString slashes = QDir::fromNativeSeparators(path);
+    const QString root = slashes.startsWith(u'/') ? QString() : QStringLiteral("/");
+    return QStringLiteral("file://") + root +
+           QString::fromLatin1(QUrl::toPercentEncoding(slashes, "/:")) + QStringLiteral("?mode=rw");
 }
 
-void checkWhole(QSqlQuery& query) {
+void checkWhole(const QSqlDatabase& database) {
+    QSqlQuery query(database);
     if (!query.exec(QStringLiteral("PRAGMA quick_check(1)")) || !query.next())
         throw DatabaseError(query.lastError());
     const QString verdict = query.value(0).toString();
-    if (verdict != u"ok") {
-        constexpr qint32 corrupt = 11;
-        throw RuntimeError(corrupt, QStringLiteral("the file is damaged (%1)").arg(verdict));
+    if (verdict != u"ok")
+        throw RuntimeError(Corrupt, verdict);
+}
+
+// Why a file cannot be opened and what to do about it.
+QString refusal(const QString& path, const RuntimeError& error) {
+    const QString restore =
+        QStringLiteral(". Put back your copy of the file, or the empty one that "
+                       "comes with the program");
+    QString reason;
+    switch (error.Number() & PrimaryCode) {
+    case General:
+        reason = QFileInfo(path).size() == 0
+                     ? QStringLiteral("the file is empty") + restore
+                     : QStringLiteral("this is not a quiz database (%1)") + restore;
+        break;
+    case Busy:
+        reason = QStringLiteral("another program holds the file. Close that program and try again");
+        break;
+    case Corrupt:
+        reason = QStringLiteral("the file is damaged (%1)") + restore;
+        break;
+    case NotADatabase:
+        reason = QStringLiteral("this is not a quiz database") + restore;
+        break;
+    default:
+        reason = QStringLiteral("the file cannot be opened (%1). Check that you may read and write "
+                                "it and its folder");
     }
+    if (reason.contains(u"%1"))
+        reason = reason.arg(error.Description());
+    return QDir::toNativeSeparators(path) + QStringLiteral(": ") + reason;
 }
 
 } // namespace
 
 bool DBObject::OpenDatabase() {
     return Guarded("OpenDatabase", Component, false, [&] {
-        const QString path = App().AppPath + QLatin1StringView(FileName);
-        if (!QFileInfo(path).isFile())
-            throw RuntimeError(ErrorNumber::FileNotFound,
-                               inFile(path, QStringLiteral("file not found")));
-        CloseDatabase();
-        m_database =
-            QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QString::fromLatin1(Connection));
-        m_database.setDatabaseName(readWriteUri(path));
-        m_database.setConnectOptions(
-            QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(LongWait));
-        m_waitIsShort = false;
-        try {
-            if (!m_database.open())
-                throw DatabaseError(m_database.lastError());
-            for (const char* probe : TableProbes)
-                run(QLatin1StringView(probe));
-            QSqlQuery query(m_database);
-            checkWhole(query);
-            // One file, no side files, and on the disk before a score counts as saved.
-            run(QStringLiteral("PRAGMA journal_mode=DELETE"));
-            run(QStringLiteral("PRAGMA synchronous=EXTRA"));
-        } catch (const RuntimeError& error) {
-            CloseDatabase();
-            throw RuntimeError(error.Number(), inFile(path, error.Description()));
-        }
+        open();
         return true;
     });
+}
+
+void DBObject::open() {
+    const QString path = App().AppPath + QLatin1StringView(FileName);
+    if (!QFileInfo(path).isFile())
+        throw RuntimeError(ErrorNumber::FileNotFound,
+                           QDir::toNativeSeparators(path) + QStringLiteral(": file not found"));
+    CloseDatabase();
+    m_database =
+        QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QString::fromLatin1(Connection));
+    m_database.setDatabaseName(readWriteUri(path));
+    m_wait = rightWait();
+    m_database.setConnectOptions(
+        QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(m_wait));
+    try {
+        if (!m_database.open())
+            throw DatabaseError(m_database.lastError());
+        for (const char* probe : TableProbes)
+            run(QLatin1StringView(probe));
+        checkWhole(m_database);
+        // One file, no side files, and on the disk before a score counts as saved.
+        run(QStringLiteral("PRAGMA journal_mode=DELETE"));
+        run(QStringLiteral("PRAGMA synchronous=EXTRA"));
+    } catch (const RuntimeError& error) {
+        CloseDatabase();
+        throw RuntimeError(error.Number(), refusal(path, error));
+    }
 }
 
 bool DBObject::CloseDatabase() {
@@ -90,6 +131,7 @@ bool DBObject::CloseDatabase() {
             return;
         m_database.close();
         m_database = QSqlDatabase();
+        m_fileIsLost = false;
         QSqlDatabase::removeDatabase(QString::fromLatin1(Connection));
     });
     return true;
@@ -130,7 +172,7 @@ QString DBObject::SQLTextField(const QVariant& value) {
 
 DBObject::Snapshot::Snapshot(DBObject& database)
     : m_owner(database)
-    , m_begun(database.m_database.transaction()) {}
+    , m_begun(!database.m_fileIsLost && database.m_database.transaction()) {}
 
 DBObject::Snapshot::~Snapshot() {
     if (m_begun)
@@ -138,24 +180,49 @@ DBObject::Snapshot::~Snapshot() {
 }
 
 QSqlQuery DBObject::run(const QString& statement) {
+    // The engine would read no further than that, and store half a name.
+    if (statement.contains(QChar::Null))
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           QStringLiteral("A text with a zero character cannot be stored"));
+    if (m_fileIsLost)
+        reopen();
     if (!m_database.isOpen())
         throw RuntimeError(ErrorNumber::NoObject, QStringLiteral("The database is not open"));
+    useWait(rightWait());
     QSqlQuery query(m_database);
     query.setForwardOnly(true);
     if (!query.exec(statement)) {
         const RuntimeError error = DatabaseError(query.lastError());
-        if ((error.Number() & PrimaryCode) == SqliteBusy && !m_waitIsShort)
-            waitForLock(ShortWait);
+        noteFailure(error.Number());
         throw error;
     }
-    if (m_waitIsShort)
-        waitForLock(LongWait);
     return query;
 }
 
-void DBObject::waitForLock(int milliseconds) {
-    m_waitIsShort = milliseconds == ShortWait;
+void DBObject::reopen() {
+    try {
+        open();
+    } catch (const RuntimeError&) {
+        m_fileIsLost = true;
+        throw;
+    }
+}
+
+int DBObject::rightWait() const {
+    return m_lastLock.isValid() && !m_lastLock.hasExpired(CloseBehind) ? NoWait : LongWait;
+}
+
+void DBObject::useWait(int milliseconds) {
+    if (m_wait == milliseconds)
+        return;
+    m_wait = milliseconds;
     QSqlQuery(m_database).exec(QStringLiteral("PRAGMA busy_timeout=%1").arg(milliseconds));
+}
+
+void DBObject::noteFailure(qint32 code) {
+    if ((code & PrimaryCode) == Busy)
+        m_lastLock.start();
+    m_fileIsLost = code == FileWasMoved || (code & PrimaryCode) == IoError;
 }
 
 DBObject& AppDatabase() {

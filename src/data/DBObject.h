@@ -2,6 +2,7 @@
 
 #include "data/RecordSet.h"
 
+#include <QElapsedTimer>
 #include <QSqlDatabase>
 #include <QString>
 #include <QVariant>
@@ -10,7 +11,9 @@
 
 /// The single gateway to the competition database, the file "Rankelo.MDB" in the application
 /// folder. A statement that it reported as done is on the disk. Every operation reports its own
-/// errors and answers with false or nothing.
+/// errors and answers with false or nothing. A file that another program holds is waited for, but
+/// never for more than two seconds in a row; a file that was moved away or whose disk failed is
+/// opened anew by the next statement, so that saving works again as soon as a good one is there.
 class DBObject {
 public:
     /// Opens the file read-write; it must exist, be whole and hold the three tables. Nothing is
@@ -46,11 +49,17 @@ public:
     };
 
 private:
+    void open();
+    void reopen();
     QSqlQuery run(const QString& statement);
-    void waitForLock(int milliseconds);
+    void useWait(int milliseconds);
+    int rightWait() const;
+    void noteFailure(qint32 code);
 
     QSqlDatabase m_database;
-    bool m_waitIsShort = false;
+    int m_wait = 0;           ///< how long a statement waits for a lock, in milliseconds
+    QElapsedTimer m_lastLock; ///< since a statement last waited in vain
+    bool m_fileIsLost = false;
 };
 
 /// The one instance, made on first use and alive until the process ends.

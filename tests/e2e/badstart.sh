@@ -52,13 +52,13 @@ while read -r breakage file reason; do
 done <<'END'
 missing         Rankelo.MDB not found
 empty           Rankelo.MDB empty|table
-foreign         Rankelo.MDB not a database
+foreign         Rankelo.MDB not a quiz database
 no_table        Rankelo.MDB Results
 no_column       Rankelo.MDB MaxScore
 truncated       Rankelo.MDB damaged|malformed
 damaged         Rankelo.MDB damaged|malformed
 is_folder       Rankelo.MDB not found|folder
-locked          Rankelo.MDB locked
+locked          Rankelo.MDB another program holds
 word_for_number Rankelo.INI CellPadX
 too_big_number  Rankelo.INI Footer
 END

@@ -13,6 +13,8 @@
 
 namespace {
 
+const QString LockConnection = QStringLiteral("lock");
+
 void require(bool condition, const QString& what) {
     if (!condition)
         qFatal("%s", qPrintable(what));
@@ -49,6 +51,19 @@ QStringList RunForeign(const QString& path, const QStringList& statements) {
     }
     QSqlDatabase::removeDatabase(connection);
     return column;
+}
+
+ForeignLock::ForeignLock(const QString& path) {
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), LockConnection);
+    database.setDatabaseName(path);
+    require(database.open(), database.lastError().text());
+    QSqlQuery query(database);
+    require(query.exec(QStringLiteral("BEGIN EXCLUSIVE")), query.lastError().text());
+}
+
+ForeignLock::~ForeignLock() {
+    QSqlDatabase::database(LockConnection, false).close();
+    QSqlDatabase::removeDatabase(LockConnection);
 }
 
 const QByteArray& EmptyDatabase() {

@@ -48,3 +48,12 @@ void WriteFile(const QString& path, const QByteArray& bytes);
 /// Runs statements on a database file through a connection of its own, as another program would.
 /// Returns the first column of the last statement's rows.
 QStringList RunForeign(const QString& path, const QStringList& statements);
+
+/// Holds the database file as another program would: nobody else can read or write it.
+class ForeignLock {
+public:
+    explicit ForeignLock(const QString& path);
+    ~ForeignLock();
+    ForeignLock(const ForeignLock&) = delete;
+    ForeignLock& operator=(const ForeignLock&) = delete;
+};
