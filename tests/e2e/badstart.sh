@@ -13,7 +13,7 @@ no_table()  { sqlite3 "$folder/Rankelo.MDB" "DROP TABLE Results"; }
 no_column() { sqlite3 "$folder/Rankelo.MDB" "ALTER TABLE Rounds DROP COLUMN MaxScore"; }
 truncated() { truncate -s 6000 "$folder/Rankelo.MDB"; }
 damaged() { # the pages behind the first one hold noise
-    yes "not a page" | head -c 16384 |
+    printf 'This is not a page. %.0s' {1..820} |
         dd of="$folder/Rankelo.MDB" bs=4096 seek=1 conv=notrunc status=none
 }
 is_folder() { rm "$folder/Rankelo.MDB"; mkdir "$folder/Rankelo.MDB"; }

@@ -8,13 +8,12 @@ export LC_ALL=C.UTF-8
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 app_folder=${RANKELO_APP_DIR:-$project/build/Rankelo}
-patience=30 # seconds
+patience=60 # seconds
 folder=     # the application folder that the program runs from
 program=    # its process
+as_user=()  # a command that runs it as another user
 
-# The titles of the windows that do not have a fixed one.
-console='Rankelo - \[*.*.*\]'
-score_dialog='Score'
+console='Rankelo - \[*.*.*\]' # its title names the version
 
 # begin NAME [PICTURES]: makes a place for everything that the run leaves behind, except the
 # pictures, which go to the folder PICTURES.
@@ -120,8 +119,9 @@ empty_quiz() {
 
 # start_program [NAME=VALUE...]: starts the program in its folder; its texts go to files.
 start_program() {
-    env -i "${quiet_place[@]}" DISPLAY="${DISPLAY:-}" "$@" "${as_user[@]:-env}" \
-        "$folder/Rankelo" >"$place/stdout" 2>"$place/stderr" &
+    # The folder's name may hold what env would take for a variable.
+    env -i "${quiet_place[@]}" DISPLAY="$DISPLAY" "$@" "${as_user[@]}" \
+        sh -c 'exec "$0"' "$folder/Rankelo" >"$place/stdout" 2>"$place/stderr" &
     program=$!
 }
 
@@ -152,7 +152,9 @@ window() {
 
 has_keyboard() {
     # shellcheck disable=SC2053 # a pattern
-    [[ $(xdotool getwindowfocus getwindowname 2>/dev/null) == $1 ]]
+    [[ $(xdotool getwindowfocus getwindowname 2>/dev/null) == $1 ]] && return
+    is_gone && fail "the program ended before the window \"$1\" came"
+    return 1
 }
 
 press() {

@@ -20,7 +20,7 @@ for score in 7 12 3; do
     press F6
     window "Result Entry"
     press Return
-    window "$score_dialog"
+    window "Last Orders"
     enter_text $score
     press Return
     stored "SELECT Score FROM Results" $score

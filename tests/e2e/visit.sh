@@ -22,7 +22,7 @@ visit_screens() {
     window "Result Entry"
     picture "$prefix-result-entry"
     press Return
-    window "$score_dialog"
+    window "Back of the Net"
     picture "$prefix-score"
     press Escape
     window "Result Entry"
