@@ -1,7 +1,5 @@
 #include "app/LookStyle.h"
 
-#include "app/Theme.h"
-
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -11,14 +9,14 @@ namespace {
 constexpr int CheckBoxSide = 20;
 constexpr double CheckBoxRadius = 4;
 
-void drawCheckBox(const QStyleOption& option, QPainter& painter) {
+void drawCheckBox(const QStyleOption& option, QPainter& painter, const QColor& accent) {
     const bool checked = option.state.testFlag(QStyle::State_On);
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
     const QPalette& palette = option.palette;
     const QRectF box = QRectF(option.rect).adjusted(1, 1, -1, -1);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor border = focused ? Theme::Accent : palette.color(QPalette::PlaceholderText);
+    const QColor border = focused ? accent : palette.color(QPalette::PlaceholderText);
     painter.setPen(QPen(border, focused ? 2 : 1));
     painter.setBrush(palette.color(checked ? QPalette::Highlight : QPalette::Base));
     painter.drawRoundedRect(box, CheckBoxRadius, CheckBoxRadius);
@@ -39,8 +37,9 @@ void drawCheckBox(const QStyleOption& option, QPainter& painter) {
 
 } // namespace
 
-LookStyle::LookStyle()
-    : QProxyStyle(QStringLiteral("Fusion")) {}
+LookStyle::LookStyle(const QColor& accent)
+    : QProxyStyle(QStringLiteral("Fusion"))
+    , m_accent(accent) {}
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
@@ -59,7 +58,7 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
     if (element == PE_IndicatorCheckBox)
-        drawCheckBox(*option, *painter);
+        drawCheckBox(*option, *painter, m_accent);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QProxyStyle>
 
 /// The base style with what it lacks: check boxes that can be seen and hit on a dark screen as
@@ -8,7 +9,8 @@ class LookStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
-    LookStyle();
+    /// `accent` frames the control that has the focus.
+    explicit LookStyle(const QColor& accent);
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
@@ -16,4 +18,7 @@ public:
                   QStyleHintReturn* returnData) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+
+private:
+    QColor m_accent;
 };

@@ -47,7 +47,7 @@ static void keepIcons() {
 void Theme::Apply(QApplication& application) {
     keepIcons();
     const bool dark = IsDark();
-    application.setStyle(new LookStyle);
+    application.setStyle(new LookStyle(Accent));
     application.setPalette(paletteOf(dark ? Dark : Light));
     constexpr int readablePoints = 11;
     application.setFont(QFont(QStringLiteral("Arial"), readablePoints));
