@@ -161,9 +161,9 @@ void frmResultEntry::fillRounds(const QString& roundKey) {
     m_rounds->clear();
     const auto list = RoundDAO().GetRoundList();
     const ObjectList<Round>& rounds = Require(list);
+    const QIcon picture = Theme::Icon(QStringLiteral("round"));
     for (qint32 i = 0; i <= rounds.LastIndex(); ++i)
-        m_rounds->addItem(Theme::Icon(QStringLiteral("round")), rounds.Item(i)->RoundName,
-                          rounds.Item(i)->RoundID);
+        m_rounds->addItem(picture, rounds.Item(i)->RoundName, rounds.Item(i)->RoundID);
     const int wanted = m_rounds->findData(roundKey);
     m_rounds->setCurrentIndex(wanted < 0 && m_rounds->count() > 0 ? 0 : wanted);
 }
@@ -172,6 +172,7 @@ void frmResultEntry::GetResultsForRound(const QString& roundKey) {
     Guarded("GetResultsForRound", Component, [&] {
         const auto list = ResultDAO().GetResultList(roundKey, QString());
         const ObjectList<Result>& results = Require(list);
+        const QIcon entered = enteredIcon();
         // The first result of a team counts, should a file hold several.
         QHash<QString, const Result*> byTeam;
         for (qint32 i = results.LastIndex(); i >= 0; --i)
@@ -180,7 +181,7 @@ void frmResultEntry::GetResultsForRound(const QString& roundKey) {
             QTreeWidgetItem& row = *m_teams->topLevelItem(i);
             if (const Result* result = byTeam.value(RecordList::KeyOf(row))) {
                 showResult(row, *result);
-                row.setIcon(TeamName, enteredIcon());
+                row.setIcon(TeamName, entered);
             } else {
                 row.setText(Score, QStringLiteral("0"));
                 row.setText(Joker, NotPlayed);
@@ -191,12 +192,13 @@ void frmResultEntry::GetResultsForRound(const QString& roundKey) {
 
 int frmResultEntry::CountEntries() {
     return Guarded("CountEntries", Component, 0, [&] {
+        const QIcon entered = enteredIcon();
         int count = 0;
         for (int i = 0; i < m_teams->topLevelItemCount(); ++i) {
             QTreeWidgetItem& row = *m_teams->topLevelItem(i);
             if (row.text(ResultID).isEmpty())
                 continue;
-            row.setIcon(TeamName, enteredIcon());
+            row.setIcon(TeamName, entered);
             ++count;
         }
         return count;
