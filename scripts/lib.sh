@@ -19,6 +19,7 @@ test_packages=(
     cups cups-client cups-filters printer-driver-cups-pdf poppler-utils # print and read the page
     desktop-file-utils appstream           # check what the desktop is told
 )
+windows_packages=("${build_packages[@]}" g++-mingw-w64-x86-64-posix qt6-base-dev-tools)
 
 # need_packages NAME...: installs what is missing of these Debian packages. When nothing is
 # missing the package manager is not asked at all; on another kind of system it says what is wanted.
@@ -59,4 +60,19 @@ build() {
         cmake --preset "$1"
     fi
     cmake --build --preset "$1"
+}
+
+# find_windows_qt: points RANKELO_WINDOWS_QT at a Qt for Windows: the folder that it names already,
+# the one in build/ that an earlier run left, or one unpacked from the archive that lies beside
+# this checkout. False when there is none.
+find_windows_qt() {
+    local archive=(../shared/windows-qt-*.tar.xz) made=build/windows-qt
+    if [[ -z ${RANKELO_WINDOWS_QT:-} && ! -e $made && -e ${archive[0]} ]]; then
+        echo "Unpacking ${archive[0]}"
+        mkdir -p "$made.part"
+        tar -xJf "${archive[0]}" -C "$made.part" --strip-components=1
+        mv "$made.part" "$made"
+    fi
+    export RANKELO_WINDOWS_QT=${RANKELO_WINDOWS_QT:-$PWD/$made}
+    [[ -e $RANKELO_WINDOWS_QT/lib/cmake/Qt6/Qt6Config.cmake ]]
 }
