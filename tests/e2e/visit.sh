@@ -2,22 +2,42 @@
 
 # visit_screens PREFIX [NAME=VALUE...]: on the open display; ends the program again.
 visit_screens() {
-    local prefix=$1
+    prefix=$1
     shift
     new_folder "$prefix" "$project/scripts/demo.sql"
     start_program "$@"
+    within_patience "the splash screen" is_open
+    picture "$prefix-splash"
     window "$console"
     picture "$prefix-console"
-    press F2
-    window "Round Entry"
-    picture "$prefix-round-entry"
+    visit_entry_screens
+    visit_boards
+    visit_tiles_without_a_key
+    press Escape
+    window "Exit Application"
+    picture "$prefix-exit"
+    press alt+y
+    ended_with 0
+}
+
+is_open() {
+    [[ -n $(xdotool search --onlyvisible --class Rankelo 2>/dev/null) ]]
+}
+
+# visit NAME TITLE KEY...: opens a screen from the console and leaves it again.
+visit() {
+    local name=$1 title=$2
+    shift 2
+    press "$@"
+    window "$title"
+    picture "$prefix-$name"
     press Escape
     window "$console"
-    press F3
-    window "Team Entry"
-    picture "$prefix-team-entry"
-    press Escape
-    window "$console"
+}
+
+visit_entry_screens() {
+    visit round-entry "Round Entry" F2
+    visit team-entry "Team Entry" F3
     press F5 F6
     window "Result Entry"
     picture "$prefix-result-entry"
@@ -28,25 +48,34 @@ visit_screens() {
     window "Result Entry"
     press Escape
     window "$console"
-    press F7
-    window "Name That Tune Results"
-    picture "$prefix-board-of-round"
-    press Escape
-    window "$console"
+}
+
+visit_boards() {
+    visit board-of-round "Name That Tune Results" F7
     press F8
     window "Rankelo Results"
     picture "$prefix-board-podium-hidden"
-    press 3
-    picture "$prefix-board-third"
-    press 2
-    picture "$prefix-board-second"
-    press 1
-    picture "$prefix-board-winner"
+    local place
+    for place in 3 2 1; do
+        press $place
+        picture "$prefix-board-$place"
+    done
     press Escape
     window "$console"
+}
+
+# From the round chooser the tab key goes backwards round to the last tiles.
+visit_tiles_without_a_key() {
+    visit view-leader "Rankelo Results" shift+Tab shift+Tab shift+Tab space
+    visit view-round "Name That Tune Results" shift+Tab space
+    press Tab Tab space
+    window "Settings"
+    picture "$prefix-settings"
+    press shift+Tab shift+Tab space
+    window "Rankelo"
+    picture "$prefix-about"
     press Escape
-    window "Exit Application"
-    picture "$prefix-exit"
-    press alt+y
-    ended_with 0
+    window "Settings"
+    press Escape
+    window "$console"
 }
