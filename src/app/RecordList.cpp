@@ -12,6 +12,7 @@ RecordList::RecordList(const QString& name, const QStringList& columns, QWidget*
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
+    setAllColumnsShowFocus(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     // A press of Tab leaves the list, it does not walk through it.

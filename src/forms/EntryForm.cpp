@@ -48,7 +48,7 @@ EntryForm::EntryForm(const Texts& texts, QWidget* parent)
     layout->setSpacing(2 * Theme::Unit);
     layout->addWidget(m_list, 1);
     layout->addWidget(frame);
-    resize(80 * Theme::Unit, 60 * Theme::Unit);
+    resize(80 * Theme::Unit, 68 * Theme::Unit);
 
     // The row of the entry box first, for that is where an evening's typing happens.
     QWidget* const order[] = {m_box, add, edit, remove, m_list};
