@@ -55,10 +55,10 @@ visit_boards() {
     press F8
     window "Rankelo Results"
     picture "$prefix-board-podium-hidden"
-    local place
-    for place in 3 2 1; do
-        press $place
-        picture "$prefix-board-$place"
+    local position
+    for position in 3 2 1; do
+        press $position
+        picture "$prefix-board-$position"
     done
     press Escape
     window "$console"
