@@ -184,6 +184,12 @@ $2"
 
 # picture NAME: keeps the screen as a numbered picture once it has come to rest.
 picture() {
+    at_rest
+    ((++pictures_taken))
+    photograph "$pictures/$(printf '%02d' "$pictures_taken")-$1.png"
+}
+
+at_rest() {
     local before='' now i
     for ((i = 0; i < 20; ++i)); do
         now=$(import -silent -window root rgb:- | cksum)
@@ -191,8 +197,6 @@ picture() {
         before=$now
         sleep 0.1
     done
-    ((++pictures_taken))
-    photograph "$pictures/$(printf '%02d' "$pictures_taken")-$1.png"
 }
 
 photograph() {
