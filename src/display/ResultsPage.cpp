@@ -5,6 +5,7 @@
 #include "display/DefaultPrinter.h"
 
 #include <QPageLayout>
+#include <QPageSize>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -112,6 +113,9 @@ void ResultsPage::Print(const QString& printerName, const QString& title,
     if (info.isNull())
         failed(QStringLiteral("%1: no such printer").arg(printerName));
     QPrinter printer(info, QPrinter::HighResolution);
+    // The paper that lies in it; otherwise it would be the one of the operator's country.
+    if (const QPageSize paper = info.defaultPageSize(); paper.isValid())
+        printer.setPageSize(paper);
     printer.setDocName(title);
     Paint(printer, Lines(title, rows));
     DefaultPrinter::RequireDocumentTaken();
