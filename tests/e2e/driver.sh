@@ -125,6 +125,11 @@ start_program() {
     program=$!
 }
 
+# Some window of the program is there, though perhaps without the keyboard.
+is_open() {
+    [[ -n $(xdotool search --onlyvisible --class Rankelo 2>/dev/null) ]]
+}
+
 is_gone() {
     ! kill -0 "$program" 2>/dev/null
 }

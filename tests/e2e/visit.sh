@@ -20,10 +20,6 @@ visit_screens() {
     ended_with 0
 }
 
-is_open() {
-    [[ -n $(xdotool search --onlyvisible --class Rankelo 2>/dev/null) ]]
-}
-
 # visit NAME TITLE KEY...: opens a screen from the console and leaves it again.
 visit() {
     local name=$1 title=$2
