@@ -37,6 +37,7 @@ finish() {
     trap - EXIT INT TERM HUP
     kill_program
     close_display
+    chmod -R u+w "$place" # a test may have taken its own rights away
     rm -rf "$place"
     exit "$1"
 }
