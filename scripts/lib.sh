@@ -29,9 +29,9 @@ need_packages() {
         return
     fi
     local installed name missing=()
-    installed=$(dpkg-query -W -f='${db:Status-Abbrev}${Package}\n' "$@" 2>/dev/null || true)
+    installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)
     for name; do
-        [[ $'\n'$installed$'\n' == *$'\n'"ii $name"$'\n'* ]] || missing+=("$name")
+        [[ $'\n'$installed$'\n' == *$'\n'"installed $name"$'\n'* ]] || missing+=("$name")
     done
     ((${#missing[@]} == 0)) || install_packages "${missing[@]}"
 }
