@@ -6,59 +6,11 @@
 # The driver for printing into files works only as root.
 ((EUID == 0)) || exec sudo env RANKELO_APP_DIR="${RANKELO_APP_DIR:-}" "$0"
 source "$(dirname "$0")/driver.sh"
+source "$(dirname "$0")/print_service.sh"
 
 # Where the driver puts what somebody prints whom the system does not know.
 out_tray=/var/spool/cups-pdf/ANONYMOUS
-author=quizmaster-$$
 letter_width=6.6 # points, of a fixed pitch of 11 points
-
-open_print_service() {
-    local root=$place/print
-    mkdir -p "$root"/{conf/ppd,spool/tmp,cache,run,log}
-    cat >"$root/conf/cups-files.conf" <<END
-ServerRoot $root/conf
-RequestRoot $root/spool
-TempDir $root/spool/tmp
-CacheDir $root/cache
-StateDir $root/run
-AccessLog $root/log/access
-ErrorLog $root/log/error
-PageLog $root/log/page
-SystemGroup root
-END
-    port=$((RANDOM % 20000 + 30000))
-    while (: <>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do
-        port=$((port + 1))
-    done
-    cat >"$root/conf/cupsd.conf" <<END
-Listen 127.0.0.1:$port
-Browsing No
-WebInterface No
-<Policy default>
-<Limit All>
-Order deny,allow
-</Limit>
-</Policy>
-END
-    cat >"$root/conf/client.conf" <<END
-ServerName 127.0.0.1:$port
-User $author
-END
-    # What each user chooses lies in the home folder, root's in the configuration's on some systems.
-    export CUPS_SERVERROOT=$root/conf HOME=$place/home
-    run_print_service
-}
-
-run_print_service() {
-    cupsd -f -c "$CUPS_SERVERROOT/cupsd.conf" -s "$CUPS_SERVERROOT/cups-files.conf" &
-    service=$!
-    display_processes+=("$service") # ends with the display
-    within_patience "the print service" service_answers
-}
-
-service_answers() {
-    [[ $(lpstat -r 2>&1) == "scheduler is running" ]]
-}
 
 # make_printer NAME PAPER: one whose sheets keep the letters as text.
 make_printer() {
