@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QHash>
 #include <QPalette>
 
 namespace {
@@ -61,12 +62,19 @@ bool Theme::IsDark() {
 }
 
 QIcon Theme::Icon(const QString& name) {
+    // Each is decoded once, for that is a third of opening a screen with many buttons. They are
+    // never destroyed: pictures must not outlive the application object.
+    static auto& known = *new QHash<QString, QIcon>;
     const auto file = [&](const char* set) {
         return QStringLiteral(":/icons/%1/%2.png").arg(QLatin1StringView(set), name);
     };
-    QIcon icon(file(IsDark() ? "dark" : "light"));
-    // A selected row is dark in either palette.
-    icon.addFile(file("dark"), QSize(), QIcon::Selected);
+    const QString normal = file(IsDark() ? "dark" : "light");
+    QIcon& icon = known[normal];
+    if (icon.isNull()) {
+        icon.addFile(normal);
+        // A selected row is dark in either palette.
+        icon.addFile(file("dark"), QSize(), QIcon::Selected);
+    }
     return icon;
 }
 
