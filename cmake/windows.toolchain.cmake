@@ -12,6 +12,6 @@ endif()
 set(RANKELO_WINDOWS_QT "${RANKELO_WINDOWS_QT}" CACHE PATH "Qt built for Windows with MinGW-w64")
 
 include("${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake")
-# How CTest runs what is built; scripts/test --windows sets Wine's surroundings.
-set(CMAKE_CROSSCOMPILING_EMULATOR /usr/lib/wine/wine64)
+# How CTest runs what is built.
+set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../packaging/windows/in-wine")
 list(PREPEND CMAKE_FIND_ROOT_PATH "${RANKELO_WINDOWS_QT}")

@@ -76,3 +76,20 @@ find_windows_qt() {
     export RANKELO_WINDOWS_QT=${RANKELO_WINDOWS_QT:-$PWD/$made}
     [[ -e $RANKELO_WINDOWS_QT/lib/cmake/Qt6/Qt6Config.cmake ]]
 }
+
+# prepare_wine: a Windows for packaging/windows/in-wine, with typefaces that are here.
+prepare_wine() {
+    local wine=packaging/windows/in-wine face stand_in
+    "$wine" wineboot --init
+    WINEPREFIX=$PWD/build/windows/wine /usr/lib/wine/wineserver64 --wait
+    while IFS== read -r face stand_in; do
+        "$wine" reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$face" /d "$stand_in" /f \
+            </dev/null >/dev/null
+    done <<'FACES'
+Arial=Liberation Sans
+Courier New=Liberation Mono
+MS Shell Dlg 2=Liberation Sans
+Segoe UI=Liberation Sans
+Tahoma=Liberation Sans
+FACES
+}

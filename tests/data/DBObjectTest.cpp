@@ -122,7 +122,11 @@ void DBObjectTest::opensEverySoundFile() {
     } cases[] = {
         {"Rankelo", nothing},
         {"Quiz #7 100%", nothing},
+#ifdef Q_OS_WIN // which allows fewer characters in a name
+        {"a&mode=ro;b %41 ü 'x", nothing},
+#else
         {"a?mode=ro&b %41 ü 'x\"", nothing},
+#endif
         {"wal",
          [](const QString& path) {
              RunForeign(path, {QStringLiteral("PRAGMA journal_mode=WAL")});

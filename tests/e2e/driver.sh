@@ -8,10 +8,11 @@ export LC_ALL=C.UTF-8
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 app_folder=${RANKELO_APP_DIR:-$project/build/Rankelo}
-patience=60 # seconds
-folder=     # the application folder that the program runs from
-program=    # its process
-as_user=()  # a command that runs it as another user
+patience=60  # seconds
+folder=      # the application folder that the program runs from
+program=     # its process
+keystroke=20 # milliseconds; half of them the key is down
+as_user=()   # a command that runs it as another user
 
 console='Rankelo - \[*.*.*\]' # its title names the version
 
@@ -28,7 +29,7 @@ begin() {
     chmod 755 "$place"
     chmod 700 "$place/runtime"
     quiet_place=(HOME="$place/home" XDG_CONFIG_HOME="$place/config" XDG_RUNTIME_DIR="$place/runtime"
-        TMPDIR="$place/tmp" PATH="$PATH" LC_ALL="$LC_ALL" QT_QPA_PLATFORM=xcb)
+        TMPDIR="$place/tmp" PATH="$PATH" LC_ALL="$LC_ALL")
     trap 'finish $?' EXIT
     trap 'exit 1' INT TERM HUP
 }
@@ -120,9 +121,18 @@ empty_quiz() {
 
 # start_program [NAME=VALUE...]: starts the program in its folder; its texts go to files.
 start_program() {
+    local platform=xcb command=("${as_user[@]}" "$folder/Rankelo")
+    if [[ -e $folder/Rankelo.exe ]]; then
+        platform=windows
+        # Wine does not hear of a key that is let go while no window has the keyboard, and takes
+        # its next press for a key that is held.
+        keystroke=500
+        # The folder must have every DLL that it needs.
+        command=(env WINEPATH= "$project/packaging/windows/in-wine" "$folder/Rankelo.exe")
+    fi
     # The folder's name may hold what env would take for a variable.
-    env -i "${quiet_place[@]}" DISPLAY="$DISPLAY" "$@" "${as_user[@]}" \
-        sh -c 'exec "$0"' "$folder/Rankelo" >"$place/stdout" 2>"$place/stderr" &
+    env -i "${quiet_place[@]}" QT_QPA_PLATFORM=$platform DISPLAY="$DISPLAY" "$@" \
+        sh -c 'exec "$@"' - "${command[@]}" >"$place/stdout" 2>"$place/stderr" &
     program=$!
 }
 
@@ -164,7 +174,7 @@ has_keyboard() {
 }
 
 press() {
-    xdotool key --delay 20 "$@"
+    xdotool key --delay "$keystroke" "$@"
 }
 
 enter_text() {
