@@ -6,6 +6,7 @@
 #include "data/DatabaseError.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSqlQuery>
 #include <QUrl>
@@ -34,6 +35,9 @@ enum Code : qint32 {
 };
 constexpr qint32 PrimaryCode = 0xff;
 
+// How a file of Microsoft Access begins.
+constexpr QByteArrayView AccessSignature("\0\1\0\0Standard Jet DB", 19);
+
 // Every table that the program reads, by a query that names each of its columns.
 constexpr const char* TableProbes[] = {
     "SELECT TeamID,TeamName FROM Teams LIMIT 1",
@@ -48,6 +52,11 @@ QString readWriteUri(const QString& path) {
     const QString root = slashes.startsWith(u'/') ? QString() : QStringLiteral("/");
     return QStringLiteral("file://") + root +
            QString::fromLatin1(QUrl::toPercentEncoding(slashes, "/:")) + QStringLiteral("?mode=rw");
+}
+
+bool isAccessFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.read(AccessSignature.size()) == AccessSignature;
 }
 
 void checkWhole(const QSqlDatabase& database) {
@@ -104,6 +113,10 @@ void DBObject::open() {
         throw RuntimeError(ErrorNumber::FileNotFound,
                            QDir::toNativeSeparators(path) + QStringLiteral(": file not found"));
     CloseDatabase();
+    if (isAccessFile(path)) {
+        openAccessFile(path);
+        return;
+    }
     m_database =
         QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QString::fromLatin1(Connection));
     m_database.setDatabaseName(readWriteUri(path));
@@ -123,6 +136,26 @@ void DBObject::open() {
         CloseDatabase();
         throw RuntimeError(error.Number(), refusal(path, error));
     }
+}
+
+void DBObject::openAccessFile(const QString& path) {
+    const QString driver = QStringLiteral("QODBC");
+    if (QSqlDatabase::isDriverAvailable(driver)) {
+        m_database = QSqlDatabase::addDatabase(driver, QString::fromLatin1(Connection));
+        m_database.setDatabaseName(
+            QStringLiteral("Driver={Microsoft Access Driver (*.mdb, *.accdb)};DBQ=") +
+            QDir::toNativeSeparators(path));
+        m_wait = rightWait();
+        if (m_database.open())
+            return;
+        CloseDatabase();
+    }
+    throw RuntimeError(
+        NotADatabase,
+        QDir::toNativeSeparators(path) +
+            QStringLiteral(": this is a file of Microsoft Access, which opens only on Windows "
+                           "with the Access database engine. Install that, or put the empty "
+                           "file that comes with the program in its place"));
 }
 
 bool DBObject::CloseDatabase() {

@@ -17,7 +17,8 @@
 class DBObject {
 public:
     /// Opens the file read-write; it must exist, be whole and hold the three tables. Nothing is
-    /// ever created, and a file that is refused is left as it was.
+    /// ever created, and a file that is refused is left as it was. A file of Microsoft Access opens
+    /// through that program's driver where there is one; that road is untested.
     bool OpenDatabase();
     /// Always true.
     bool CloseDatabase();
@@ -50,6 +51,7 @@ public:
 
 private:
     void open();
+    void openAccessFile(const QString& path);
     void reopen();
     QSqlQuery run(const QString& statement);
     void useWait(int milliseconds);

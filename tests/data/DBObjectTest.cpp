@@ -69,6 +69,11 @@ void DBObjectTest::refusesWhatIsNoQuiz() {
         {"empty", [](const QString& path) { WriteFile(path, {}); }, 1, "the file is empty. Put"},
         {"a text", [](const QString& path) { WriteFile(path, QByteArray(5000, 'x')); }, 26,
          "this is not a quiz database. Put back"},
+        {"a file of Microsoft Access",
+         [](const QString& path) {
+             WriteFile(path, QByteArray("\0\1\0\0Standard Jet DB", 19).leftJustified(4096, '\0'));
+         },
+         26, "this is a file of Microsoft Access, which opens only on Windows"},
         {"a missing table", sql("DROP TABLE Rounds"), 1, "(no such table: Rounds)"},
         {"a missing column", sql("ALTER TABLE Results DROP COLUMN Joker"), 1,
          "(no such column: Joker)"},
