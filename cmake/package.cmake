@@ -1,8 +1,7 @@
 # What `cmake --install` lays out, and how CPack makes the archives of it that are handed out.
 
 install(TARGETS Rankelo RUNTIME DESTINATION .)
-install(FILES assets/JOKER.BMP LICENSE DESTINATION .)
-install(FILES assets/Rankelo.PDF DESTINATION . OPTIONAL)
+install(FILES assets/JOKER.BMP assets/Rankelo.PDF LICENSE DESTINATION .)
 # A database that is already in the folder may hold somebody's quiz.
 install(CODE "
     set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
