@@ -20,15 +20,13 @@ QString allSettings() {
 }
 
 void setNumbers(qint32 first) {
-    for (qint32* value :
-         {&App().BackGround, &App().BColorA, &App().BColorB, &App().FColorA, &App().FColorB,
-          &App().CellPadX, &App().CellPadY, &App().LeftMargin, &App().RightMargin,
-          &App().LabelWidth, &App().Footer})
+    for (qint32* value : {&App().BackGround, &App().BColorA, &App().BColorB, &App().FColorA,
+                          &App().FColorB, &App().CellPadX, &App().CellPadY, &App().LeftMargin,
+                          &App().RightMargin, &App().LabelWidth, &App().Footer})
         *value = first++;
 }
 
-constexpr const char* Defaults =
-    "Arial 32 0 0 16576 16512 8454143 8454143 40 80 200 200 7 500";
+constexpr const char* Defaults = "Arial 32 0 0 16576 16512 8454143 8454143 40 80 200 200 7 500";
 
 } // namespace
 
@@ -55,8 +53,8 @@ private slots:
             << QByteArray("[Application]\nFooter=2.5\nCellPadX=1e2\nLabelWidth=-7\n")
             << with("40 80 200 200 7 500", "100 80 200 200 -7 2") << "";
         QTest::newRow("texts are kept as they are")
-            << QByteArray("[Application]\nFontSize=huge\nDebugMode=01\n")
-            << with("32 0", "huge 01") << "";
+            << QByteArray("[Application]\nFontSize=huge\nDebugMode=01\n") << with("32 0", "huge 01")
+            << "";
         // The values up to the wrong one are taken, the others stay.
         QTest::newRow("a word") << QByteArray("[Application]\nBColorA=9\nBColorB=brown\nFooter=9\n")
                                 << QStringLiteral("Arial 32 0 0 9 3 4 5 6 7 8 9 10 11")
@@ -103,8 +101,8 @@ private slots:
         App().Footer = 9;
         setNumbers(100);
         QVERIFY(modCommon::Settings(modCommon::LoadSettings));
-        QCOMPARE(allSettings(), QString(saved).replace(QStringLiteral("7 8"),
-                                                       QStringLiteral("7 500")));
+        QCOMPARE(allSettings(),
+                 QString(saved).replace(QStringLiteral("7 8"), QStringLiteral("7 500")));
     }
 
     void otherModesDoNothing() {
