@@ -7,6 +7,7 @@ build_packages=(
     g++ cmake ninja-build
     sqlite3                                # makes the empty database
     qt6-base-dev libqt6sql6-sqlite
+    qt6-base-private-dev                   # a test unplugs a screen
     libsimpleini-dev libcups2-dev
     fonts-liberation                       # stands in for Arial, the board's first font
     x11-utils                              # xdpyinfo: can the display be opened?

@@ -34,23 +34,26 @@ private slots:
         QFETCH(Button, refuse);
         QFETCH(int, key);
         QFETCH(Button, answer);
-        const AnswerDialog press(QStringLiteral("Title"), QStringLiteral("Sure?"), key);
+        const ModalAnswers answers(
+            {MessageBox(QStringLiteral("Title"), QStringLiteral("Sure?"), key)});
         QCOMPARE(
             Messages::Ask(nullptr, QStringLiteral("Sure?"), QStringLiteral("Title"), agree, refuse),
             answer);
+        QVERIFY(answers.AllGiven());
     }
 
     // The first press of a held key opened the box; the rest of them is no answer.
     void aHeldKeyIsNoAnswer() {
         for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Space}) {
-            const AnswerDialog hold([&](QWidget& box) {
+            const ModalAnswers answers({[&](QDialog& box) {
                 for (int i = 0; i < 5; ++i)
                     Hold(key);
                 QVERIFY(box.isVisible());
                 Press(Qt::Key_Escape);
-            });
+            }});
             Messages::Ask(nullptr, QStringLiteral("Sure?"), QStringLiteral("Title"),
                           QMessageBox::Yes, QMessageBox::No);
+            QVERIFY(answers.AllGiven());
         }
     }
 
@@ -58,7 +61,7 @@ private slots:
         const QString text = QStringLiteral("<b>Tom & Jerry</b><br>%1 'x'");
         QWidget screen;
         ShowScreen(screen);
-        const AnswerDialog look([&](QWidget& dialog) {
+        const ModalAnswers answers({[&](QDialog& dialog) {
             const auto& box = dynamic_cast<QMessageBox&>(dialog);
             QCOMPARE(box.icon(), QMessageBox::Information);
             QCOMPARE(box.standardButtons(), QMessageBox::Ok);
@@ -67,8 +70,9 @@ private slots:
             QCOMPARE(label.text(), text);
             QCOMPARE(label.textFormat(), Qt::PlainText);
             Press(Qt::Key_Escape);
-        });
+        }});
         Messages::Inform(&screen, text, QStringLiteral("Title"));
+        QVERIFY(answers.AllGiven());
     }
 };
 

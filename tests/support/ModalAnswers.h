@@ -40,13 +40,14 @@ private:
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         if (!dialog || !dialog->isVisible())
             return;
-        if (dialog != m_answered && !m_answers.empty()) {
-            m_answered = dialog;
+        const bool isNew = !m_answered.contains(dialog);
+        if (isNew && !m_answers.empty()) {
+            m_answered.append(dialog);
             m_sinceLast.restart();
             const Answer answer = std::move(m_answers.front());
             m_answers.pop_front();
             answer(*dialog);
-        } else if (dialog != m_answered || m_sinceLast.hasExpired(patienceMilliseconds)) {
+        } else if (isNew || m_sinceLast.hasExpired(patienceMilliseconds)) {
             qWarning("left alone with the dialog \"%s\"", qPrintable(dialog->windowTitle()));
             m_failed = true;
             dialog->reject();
@@ -54,7 +55,7 @@ private:
     }
 
     std::list<Answer> m_answers;
-    QPointer<QDialog> m_answered;
+    QList<QPointer<QDialog>> m_answered;
     QElapsedTimer m_sinceLast;
     bool m_failed = false;
 };

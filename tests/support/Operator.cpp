@@ -5,17 +5,12 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QMessageBox>
-#include <QPointer>
 #include <QTest>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QWindow>
 
 namespace {
-
-constexpr int PatienceMs = 10000;
 
 QWindow& keyboardWindow() {
     if (!QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }))
@@ -99,60 +94,13 @@ int SelectedRow(const QTreeWidget& list) {
     return selected.isEmpty() ? -1 : list.indexOfTopLevelItem(selected.first());
 }
 
-class AnswerDialog::Watch : public QObject {
-public:
-    explicit Watch(Answer answer)
-        : m_answer(std::move(answer))
-        , m_covered(QApplication::activeModalWidget()) {
-        m_since.start();
-        connect(&m_timer, &QTimer::timeout, this, &Watch::look);
-        m_timer.start(1);
-    }
-
-    ~Watch() override {
-        if (!m_isAnswered)
-            QTest::qFail("no dialog has opened", __FILE__, __LINE__);
-    }
-
-private:
-    void look() {
-        QPointer<QWidget> dialog = QApplication::activeModalWidget();
-        const bool isLate = m_since.elapsed() > PatienceMs;
-        if (!m_isAnswered && dialog && dialog != m_covered &&
-            (isLate || QApplication::activeWindow() == dialog)) {
-            m_isAnswered = true;
-            m_dialog = dialog;
-            m_answer(*dialog);
-        } else if (m_dialog && m_dialog->isVisible() && isLate) {
-            QTest::qFail("a dialog has stayed open", __FILE__, __LINE__);
-            for (int windows = 20; dialog && windows > 0; --windows) {
-                dialog->hide();
-                dialog = QApplication::activeModalWidget();
-            }
-        }
-    }
-
-    Answer m_answer;
-    QPointer<QWidget> m_covered;
-    QPointer<QWidget> m_dialog;
-    bool m_isAnswered = false;
-    QElapsedTimer m_since;
-    QTimer m_timer;
-};
-
-AnswerDialog::AnswerDialog(Answer answer)
-    : m_watch(std::make_unique<Watch>(std::move(answer))) {}
-
-AnswerDialog::AnswerDialog(const QString& title, const QString& text, int key)
-    : AnswerDialog([=](QWidget& dialog) {
+ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key) {
+    return [=](QDialog& dialog) {
         const auto* box = qobject_cast<QMessageBox*>(&dialog);
-        if (QTest::qVerify(box != nullptr, "a message box", "", __FILE__, __LINE__)) {
-            QTest::qCompare(dialog.windowTitle(), title, "title", "expected", __FILE__, __LINE__);
-            QTest::qCompare(box->text(), text, "text", "expected", __FILE__, __LINE__);
-            Press(key);
-        }
-        QTest::qVerify(!dialog.isVisible(), "the key closes the box", "", __FILE__, __LINE__);
-        dialog.hide();
-    }) {}
-
-AnswerDialog::~AnswerDialog() = default;
+        QVERIFY2(box, qPrintable(dialog.objectName()));
+        QCOMPARE(box->windowTitle(), title);
+        QCOMPARE(box->text(), text);
+        Press(key);
+        QVERIFY2(!box->isVisible(), "the key closes the box");
+    };
+}

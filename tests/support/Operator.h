@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QPoint>
+#include "support/ModalAnswers.h"
+
 #include <QString>
 #include <QWidget>
-
-#include <functional>
-#include <memory>
 
 class QTreeWidget;
 
@@ -43,21 +41,5 @@ QString Column(const QTreeWidget& list, int column);
 /// The number of the selected row, -1 for none.
 int SelectedRow(const QTreeWidget& list);
 
-/// Answers the next modal dialog that opens, once it has the keyboard. To be made before the step
-/// that opens the dialog, for that step does not return until the dialog is closed. The test fails
-/// when no dialog opens, or when the answer leaves it open; neither keeps the test waiting.
-class AnswerDialog {
-public:
-    using Answer = std::function<void(QWidget& dialog)>;
-
-    explicit AnswerDialog(Answer answer);
-    /// Expects a message box with this title and text, and presses a key in it.
-    AnswerDialog(const QString& title, const QString& text, int key);
-    ~AnswerDialog();
-    AnswerDialog(const AnswerDialog&) = delete;
-    AnswerDialog& operator=(const AnswerDialog&) = delete;
-
-private:
-    class Watch;
-    std::unique_ptr<Watch> m_watch;
-};
+/// The answer to a message box that must have this title and text: a key pressed in it.
+ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key);
