@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include <utility>
+
 KeyPreview::KeyPreview(QWidget* screen, Releases releases, std::function<bool(int key)> onKey)
     : QObject(screen)
     , m_screen(screen)
@@ -22,7 +24,8 @@ bool KeyPreview::ownsFocus(const QWidget* widget) const {
 }
 
 bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
+                       event->type() == QEvent::ShortcutOverride;
     if (!isKey || !watched->isWidgetType())
         return false;
     auto* focused = static_cast<QWidget*>(watched);
@@ -30,18 +33,25 @@ bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
         return false;
     if (event->type() == QEvent::KeyRelease)
         return m_releases == Releases::Swallow;
-    return onPress(focused, *static_cast<QKeyEvent*>(event));
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (event->type() == QEvent::KeyPress)
+        return onPress(focused, key);
+    // Announced before it is pressed: a list that has dropped down closes itself already now.
+    if (QApplication::activePopupWidget())
+        m_popupKey = key.key();
+    return false;
 }
 
 bool KeyPreview::onPress(QWidget* focused, const QKeyEvent& event) {
     QWidget* popup = QApplication::activePopupWidget();
+    const bool closedPopup = std::exchange(m_popupKey, std::nullopt) == event.key() && !popup;
     // Esc and Enter belong to a list that has dropped down.
     const bool isPlain = event.key() < Qt::Key_F1 || event.key() > Qt::Key_F35;
     if (popup && isPlain)
         return false;
     if (popup)
         popup->close();
-    if (m_onKey(event.key()))
+    if (closedPopup || m_onKey(event.key()))
         return true;
     auto* button = qobject_cast<QAbstractButton*>(focused);
     if (m_releases == Releases::Swallow && button && event.key() == Qt::Key_Space) {

@@ -4,6 +4,7 @@
 #include <Qt>
 
 #include <functional>
+#include <optional>
 
 class QKeyEvent;
 class QWidget;
@@ -27,4 +28,6 @@ private:
     QWidget* m_screen;
     Releases m_releases;
     std::function<bool(int key)> m_onKey;
+    std::optional<int>
+        m_popupKey; ///< the last key that was announced to a list that had dropped down
 };
