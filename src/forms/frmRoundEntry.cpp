@@ -45,13 +45,15 @@ frmRoundEntry::frmRoundEntry(QWidget* parent)
 }
 
 bool frmRoundEntry::FillList() {
-    list().clear();
     const auto rounds = RoundDAO().GetRoundList();
-    for (qint32 i = 0; rounds && i <= rounds->LastIndex(); ++i) {
+    if (!rounds)
+        return false;
+    list().clear();
+    for (qint32 i = 0; i <= rounds->LastIndex(); ++i) {
         const Round& round = *rounds->Item(i);
         list().AddRow(round.RoundID, {QString::number(round.RoundNumber), round.RoundName});
     }
-    return rounds != nullptr;
+    return true;
 }
 
 void frmRoundEntry::move(int index) {

@@ -9,7 +9,8 @@ class frmRoundEntry : public EntryForm {
 public:
     explicit frmRoundEntry(QWidget* parent = nullptr);
 
-    /// Fills the list from the database. False when the rounds cannot be read.
+    /// Fills the list from the database. False when the rounds cannot be read; the list then stays
+    /// as it is.
     bool FillList();
     /// 0 adds, 1 renames, 2 deletes; see EntryForm::save.
     bool SaveRound(qint32 action, const QString& roundKey);

@@ -38,11 +38,13 @@ void frmTeamEntry::afterAdd() {
 }
 
 bool frmTeamEntry::FillList() {
-    list().clear();
     const auto teams = TeamDAO().GetTeamList();
-    for (qint32 i = 0; teams && i <= teams->LastIndex(); ++i)
+    if (!teams)
+        return false;
+    list().clear();
+    for (qint32 i = 0; i <= teams->LastIndex(); ++i)
         list().AddRow(teams->Item(i)->TeamID, {teams->Item(i)->TeamName});
-    return teams != nullptr;
+    return true;
 }
 
 bool frmTeamEntry::SaveTeam(qint32 action, const QString& teamKey) {

@@ -10,7 +10,8 @@ class frmTeamEntry : public EntryForm {
 public:
     explicit frmTeamEntry(QWidget* parent = nullptr);
 
-    /// Fills the list from the database. False when the teams cannot be read.
+    /// Fills the list from the database. False when the teams cannot be read; the list then stays
+    /// as it is.
     bool FillList();
     /// 0 adds, 1 renames, 2 deletes; see EntryForm::save.
     bool SaveTeam(qint32 action, const QString& teamKey);
