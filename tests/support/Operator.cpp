@@ -12,17 +12,31 @@
 
 namespace {
 
-QWindow& keyboardWindow() {
-    if (!QTest::qWaitFor([] { return QGuiApplication::focusWindow() != nullptr; }))
-        qFatal("no window has the keyboard");
-    return *QGuiApplication::focusWindow();
+// A dialog is visible before the platform gives it the keyboard.
+bool keyboardIsThere() {
+    const QWindow* window = QGuiApplication::focusWindow();
+    const QWidget* modal = QApplication::activeModalWidget();
+    return window &&
+           (!modal || QApplication::activePopupWidget() || window == modal->windowHandle());
 }
 
-// Sent to the window like a key from the system, so that pop-ups and the focus decide.
-void send(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const QString& text,
-          bool isRepeat = false) {
-    QKeyEvent event(type, key, modifiers, text, isRepeat);
-    QApplication::sendEvent(&keyboardWindow(), &event);
+// Where there is no window manager, a closed window leaves the keyboard to nobody.
+void giveKeyboardBack() {
+    if (QApplication::activePopupWidget())
+        return;
+    QWidget* next = QApplication::activeModalWidget();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (!next && window->isVisible())
+            next = window;
+    if (next && !QGuiApplication::focusWindow())
+        next->activateWindow();
+}
+
+QWindow& keyboardWindow() {
+    giveKeyboardBack();
+    if (!QTest::qWaitFor(keyboardIsThere))
+        qFatal("no window has the keyboard");
+    return *QGuiApplication::focusWindow();
 }
 
 QString textOf(int key, Qt::KeyboardModifiers modifiers) {
@@ -50,22 +64,22 @@ void ShowScreen(QWidget& screen) {
 }
 
 void Press(int key, Qt::KeyboardModifiers modifiers) {
-    send(QEvent::KeyPress, key, modifiers, textOf(key, modifiers));
+    const auto code = static_cast<Qt::Key>(key);
+    QTest::sendKeyEvent(QTest::Press, &keyboardWindow(), code, textOf(key, modifiers), modifiers);
     // The press may have closed the last window.
-    if (QGuiApplication::focusWindow())
-        send(QEvent::KeyRelease, key, modifiers, textOf(key, modifiers));
+    if (QWindow* window = QGuiApplication::focusWindow())
+        QTest::sendKeyEvent(QTest::Release, window, code, textOf(key, modifiers), modifiers);
 }
 
 void Hold(int key) {
-    send(QEvent::KeyPress, key, Qt::NoModifier, textOf(key, Qt::NoModifier), true);
+    QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, textOf(key, Qt::NoModifier), true);
+    QApplication::sendEvent(&keyboardWindow(), &repeated);
 }
 
 void Type(const QString& text) {
-    for (const char32_t character : text.toUcs4()) {
-        const QString typed = QString::fromUcs4(&character, 1);
-        send(QEvent::KeyPress, 0, Qt::NoModifier, typed);
-        send(QEvent::KeyRelease, 0, Qt::NoModifier, typed);
-    }
+    for (const char32_t character : text.toUcs4())
+        QTest::sendKeyEvent(QTest::Click, &keyboardWindow(), static_cast<Qt::Key>(0),
+                            QString::fromUcs4(&character, 1), Qt::NoModifier);
 }
 
 void Paste(const QString& text) {
@@ -75,6 +89,8 @@ void Paste(const QString& text) {
 
 void Click(QWidget& control) {
     QTest::mouseClick(&control, Qt::LeftButton);
+    // A box selects its text once the click is over.
+    QCoreApplication::processEvents();
 }
 
 void ClickRow(QTreeWidget& list, int row) {
