@@ -52,7 +52,7 @@ install_packages() {
         apt-get install -q -y --no-install-recommends "$@"
 }
 
-# build PRESET: brings what the preset makes up to date. CMake watches its own files but not the
+# build PRESET [TARGET...]: brings what the preset makes up to date. CMake watches its own files but not the
 # presets.
 build() {
     local folder=build
@@ -60,7 +60,7 @@ build() {
     if [[ ! -e $folder/build.ninja || CMakePresets.json -nt $folder/build.ninja ]]; then
         cmake --preset "$1"
     fi
-    cmake --build --preset "$1"
+    cmake --build --preset "$1" ${2:+--target "${@:2}"}
 }
 
 # find_windows_qt: points RANKELO_WINDOWS_QT at a Qt for Windows: the folder that it names already,

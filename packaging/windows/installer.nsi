@@ -3,7 +3,8 @@
 ; Rankelo.INI and the joker's picture, which may be the quiz master's own.
 ; package.cmake gives VERSION, NOTICE, FOLDER, OUTPUT and ICON, and the two lists of files.
 
-Unicode true
+; A 64-bit program wants a 64-bit installer.
+Target amd64-unicode
 SetCompressor /SOLID lzma
 SetDateSave off
 RequestExecutionLevel user
