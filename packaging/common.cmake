@@ -2,13 +2,6 @@
 
 set(folder "${CPACK_TEMPORARY_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX}")
 
-if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
-    execute_process(COMMAND git -C "${CPACK_RANKELO_SOURCE}" log -1 --format=%ct
-                    OUTPUT_VARIABLE committed OUTPUT_STRIP_TRAILING_WHITESPACE
-                    COMMAND_ERROR_IS_FATAL ANY)
-    set(ENV{SOURCE_DATE_EPOCH} "${committed}")
-endif()
-
 # Runs a command in the staging area; a failure ends the packaging.
 function(run)
     execute_process(COMMAND ${ARGN} WORKING_DIRECTORY "${CPACK_TEMPORARY_DIRECTORY}"
