@@ -60,10 +60,14 @@ QFont BoardLabel::fittingFont(int width) const {
     QFont fitting = font();
     if (alignment().testFlag(Qt::AlignLeft))
         return fitting;
+    const QString text = line();
     const double smallest = fitting.pointSizeF() * SmallestShare;
-    while (QFontMetrics(fitting).horizontalAdvance(line()) > width &&
-           fitting.pointSizeF() > smallest)
-        fitting.setPointSizeF(fitting.pointSizeF() * 0.95);
+    const auto share = [&] {
+        return width / std::max(1.0, double(QFontMetrics(fitting).horizontalAdvance(text)));
+    };
+    // Glyphs do not shrink quite as much as their font.
+    for (double fits = share(); fits < 1 && fitting.pointSizeF() > smallest; fits = share())
+        fitting.setPointSizeF(std::max(smallest, fitting.pointSizeF() * std::min(fits, 0.95)));
     return fitting;
 }
 
