@@ -3,28 +3,22 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString Section = QStringLiteral("Application");
+const QString Section = u"Application"_s;
+const QString Key = u"FontName"_s;
 
-const char* const HandEdited = "; my settings\r\n"
-                               "\r\n"
-                               "stray = 1\r\n"
-                               "[Other]\r\n"
-                               "FontName=Wrong\r\n"
-                               "[ application ]\r\n"
-                               "# the board\r\n"
-                               "FONTNAME =  Liberation Sans  \r\n"
-                               "no equals sign\r\n"
-                               "=no key\r\n"
-                               "Unknown=7\r\n"
-                               "FontName=Later\r\n"
-                               "Footer=\r\n"
-                               "\r\n"
-                               "; about the next section\r\n"
-                               "[Last]\r\n"
-                               "a=b\r\n"
-                               "; the end";
+const QByteArray HandEdited =
+    "; my settings\r\n\r\nstray = 1\r\n[Other]\r\nFontName=Wrong\r\n[ application ]\r\n"
+    "# the board\r\nFONTNAME =  Liberation Sans  \r\nno equals sign\r\n=no key\r\nUnknown=7\r\n"
+    "FontName=Later\r\nFooter=\r\n\r\n; about the next section\r\n[Last]\r\na=b\r\n; the end";
+
+// The file without the difference of the systems' line ends.
+QByteArray contents(const AppFolder& folder) {
+    return ReadFile(folder.IniPath()).replace("\r\n", "\n");
+}
 
 } // namespace
 
@@ -33,7 +27,6 @@ class IniFileTest : public QObject {
 
 private slots:
     void readsValues();
-    void readsASection();
     void writingTouchesOneLine();
     void replacesASection();
     void makesTheFileOnTheFirstSave();
@@ -43,155 +36,98 @@ private slots:
 
 void IniFileTest::readsValues() {
     const AppFolder folder;
-    const QString longValue(300, u'x');
-    const QString wide = QString(253, u'x') + QStringLiteral("\U0001F600");
-    const struct {
-        QByteArray file;
-        QString value;
-    } cases[] = {
-        {HandEdited, QStringLiteral("Liberation Sans")},
-        {"", QStringLiteral("default")},
-        {"FontName=a", QStringLiteral("default")},
-        {"[Application]\nFontName=", QStringLiteral("default")},
-        {"[Application]\nFontName=\"\"", QStringLiteral("default")},
-        {"[Application]\nFontName", QStringLiteral("default")},
-        {"[Application\nFontName=a", QStringLiteral("default")},
-        {"[Application] trailing\nFontName=a", QStringLiteral("a")},
-        {"[Application]\rFontName=a\rFontName=b", QStringLiteral("a")},
-        {"[Application]\nFontName=\"  a  \"", QStringLiteral("  a  ")},
-        {"[Application]\nFontName='a'", QStringLiteral("a")},
-        {"[Application]\nFontName=\"\"a\"\"", QStringLiteral("\"a\"")},
-        {"[Application]\nFontName=\"a'", QStringLiteral("\"a'")},
-        {"[Application]\nFontName=\"", QStringLiteral("\"")},
-        {"[Application]\nFontName=a ; b=c", QStringLiteral("a ; b=c")},
-        {"[Application]\nFontName=<<<END\nx\nEND", QStringLiteral("<<<END")},
-        {"[A]\n[Application]\n[B]\n[APPLICATION]\nFontName=a", QStringLiteral("a")},
-        {"\xEF\xBB\xBF[Application]\nFontName=\xC3\xA9", QStringLiteral("é")},
-        {QByteArrayLiteral(
-             "\xFF\xFE[\0A\0p\0p\0l\0i\0c\0a\0t\0i\0o\0n\0]\0\n\0F\0o\0n\0t\0N\0a\0m\0e\0"
-             "=\0\xE9\0"),
-         QStringLiteral("é")},
-        {QByteArrayLiteral("[Application]\nx\0y=1\nFontName=a\0b"), QStringLiteral("a")},
-        {"[Application]\nFontName=" + longValue.toUtf8(), longValue.left(254)},
+    const QString wide = QString(253, u'x') + u"\U0001F600"_s;
+    const std::pair<QByteArray, QString> cases[] = {
+        {HandEdited, u"Liberation Sans"_s},
+        {"FontName=a", u"default"_s},
+        {"[Application]\nFontName=\"\"", u"default"_s},
+        {"[Application\nFontName=a", u"default"_s},
+        {"[Application]\rFontName=a\rFontName=b", u"a"_s},
+        {"[Application]\nFontName=\"  a  \"", u"  a  "_s},
+        {"[Application]\nFontName=\"a'", u"\"a'"_s},
+        {"[Application]\nFontName=a ; b=c", u"a ; b=c"_s},
+        {"[Application]\nFontName=<<<END\nx\nEND", u"<<<END"_s},
+        {"[A]\n[Application]\n[B]\n[APPLICATION]\nFontName=a", u"a"_s},
+        {"\xEF\xBB\xBF[Application]\nFontName=\xC3\xA9", u"é"_s},
+        {"\xFF\xFE[\0A\0p\0p\0l\0i\0c\0a\0t\0i\0o\0n\0]\0\n\0F\0o\0n\0t\0N\0a\0m\0e\0=\0\xE9\0"_ba,
+         u"é"_s},
+        {"[Application]\nx\0y=1\nFontName=a\0b"_ba, u"a"_s},
         {"[Application]\nFontName=" + wide.toUtf8(), wide.left(253)},
     };
-    for (const auto& c : cases) {
-        WriteFile(folder.IniPath(), c.file);
-        QCOMPARE(AppUtilities().ReadINIValue(folder.IniPath(), Section, QStringLiteral("FontName"),
-                                             QStringLiteral("default")),
-                 c.value);
+    for (const auto& [file, value] : cases) {
+        WriteFile(folder.IniPath(), file);
+        QCOMPARE(AppUtilities().ReadINIValue(folder.IniPath(), Section, Key, u"default"_s), value);
     }
-}
-
-void IniFileTest::readsASection() {
-    const AppFolder folder;
-    const auto keys = [&](const QString& section) {
-        const auto map = AppUtilities().ReadINISection(folder.IniPath(), section);
-        QStringList texts;
-        for (qint32 i = 0; i <= map->LastIndex(); ++i)
-            texts.append(map->Item(i)->Key + u'|' + map->Item(i)->Value);
-        return texts;
-    };
-    QCOMPARE(keys(Section), QStringList());
-    WriteFile(folder.IniPath(), HandEdited + QByteArray("\nq=\"1=2\""));
-    QCOMPARE(keys(QStringLiteral("LAST")),
-             (QStringList{QStringLiteral("a|b"), QStringLiteral("q|\"1=2\"")}));
-    QCOMPARE(keys(Section).first(), QStringLiteral("FONTNAME|Liberation Sans"));
-    QCOMPARE(AppUtilities()
-                 .ReadINISection(folder.IniPath(), Section)
-                 ->GetObject(QStringLiteral("fontname"))
-                 ->Value,
-             QStringLiteral("Liberation Sans"));
-    QCOMPARE(keys(QStringLiteral("missing")), QStringList());
+    WriteFile(folder.IniPath(), HandEdited + "\nq=\"1=2\"");
+    const auto section = AppUtilities().ReadINISection(folder.IniPath(), u"LAST"_s);
+    QCOMPARE(section->LastIndex(), 1);
+    QCOMPARE(section->GetObject(u"Q"_s)->Value, u"\"1=2\""_s);
 }
 
 void IniFileTest::writingTouchesOneLine() {
     const AppFolder folder;
-    const QByteArray end("\n");
     const struct {
-        const char* section;
-        const char* key;
+        QString section, key;
         const char* before; // the part of the file that changes
         const char* after;
     } cases[] = {
-        {"Application", "FontName", "FONTNAME =  Liberation Sans  \r\n", "FontName=new"},
-        {"application", "UNKNOWN", "Unknown=7\r\n", "UNKNOWN=new"},
-        {"Application", "Fresh", "Footer=\r\n", "Footer=\r\nFresh=new"},
-        {"Last", "c", "a=b\r\n", "a=b\r\nc=new"},
+        {Section, Key, "FONTNAME =  Liberation Sans  \n", "FontName=new\n"},
+        {u"application"_s, u"UNKNOWN"_s, "Unknown=7\n", "UNKNOWN=new\n"},
+        {Section, u"Fresh"_s, "Footer=\n", "Footer=\nFresh=new\n"},
+        {u"New"_s, u"k"_s, "; the end", "; the end\n[New]\nk=new\n"},
     };
     for (const auto& c : cases) {
         WriteFile(folder.IniPath(), HandEdited);
-        QVERIFY(AppUtilities().WriteINIValue(folder.IniPath(), QString::fromLatin1(c.section),
-                                             QString::fromLatin1(c.key), QStringLiteral("new")));
-        QByteArray expected(HandEdited);
-        QByteArray written = ReadFile(folder.IniPath());
-        expected.replace(c.before, c.after + end);
-        QCOMPARE(written.replace("new\r\n", "new\n"), expected);
+        QVERIFY(AppUtilities().WriteINIValue(folder.IniPath(), c.section, c.key, u"new"_s));
+        QVERIFY(ReadFile(folder.IniPath()).startsWith("; my settings\r\n"));
+        QByteArray expected = HandEdited;
+        QCOMPARE(contents(folder), expected.replace("\r\n", "\n").replace(c.before, c.after));
     }
-    WriteFile(folder.IniPath(), HandEdited);
-    QVERIFY(AppUtilities().WriteINIValue(folder.IniPath(), QStringLiteral("New"),
-                                         QStringLiteral("k"), QStringLiteral("v")));
-    QCOMPARE(ReadFile(folder.IniPath()).replace("\r\n", "\n"),
-             QByteArray(HandEdited).replace("\r\n", "\n") + "\n[New]\nk=v\n");
 }
 
 void IniFileTest::replacesASection() {
     const AppFolder folder;
-    const QString entries = QStringLiteral("x=1") + QChar::Null + QStringLiteral("y=a=b");
     WriteFile(folder.IniPath(), "[a]\n1=2\n[b]\n; gone\n3=4\n[c]\n5=6");
-    for (const QString& section : {QStringLiteral("B"), QStringLiteral("d")})
-        QVERIFY(AppUtilities().WriteSection(folder.IniPath(), section, entries));
-    QCOMPARE(ReadFile(folder.IniPath()).replace("\r\n", "\n"),
-             QByteArray("[a]\n1=2\n[b]\nx=1\ny=a=b\n[c]\n5=6\n[d]\nx=1\ny=a=b\n"));
+    for (const QString& section : {u"B"_s, u"d"_s})
+        QVERIFY(AppUtilities().WriteSection(folder.IniPath(), section, u"x=1\0y=a=b"_s));
+    QCOMPARE(contents(folder), "[a]\n1=2\n[b]\nx=1\ny=a=b\n[c]\n5=6\n[d]\nx=1\ny=a=b\n"_ba);
 }
 
 void IniFileTest::makesTheFileOnTheFirstSave() {
     const AppFolder folder;
-    const QStringList before = folder.Files();
-    AppUtilities().ReadINIValue(folder.IniPath(), Section, QStringLiteral("Footer"), {});
-    QCOMPARE(folder.Files(), before);
-    QVERIFY(AppUtilities().WriteINIValue(folder.IniPath(), Section, QStringLiteral("Footer"),
-                                         QStringLiteral("5")));
-    QCOMPARE(ReadFile(folder.IniPath()).replace("\r\n", "\n"),
-             QByteArray("[Application]\nFooter=5\n"));
-    QCOMPARE(folder.Files().size(), before.size() + 1);
+    AppUtilities().ReadINIValue(folder.IniPath(), Section, Key, {});
+    QCOMPARE(folder.Files(), QStringList{u"Rankelo.MDB"_s});
+    QVERIFY(AppUtilities().WriteINIValue(folder.IniPath(), Section, Key, u"5"_s));
+    QCOMPARE(contents(folder), "[Application]\nFontName=5\n"_ba);
+    QCOMPARE(folder.Files(), (QStringList{u"Rankelo.INI"_s, u"Rankelo.MDB"_s}));
 }
 
 void IniFileTest::refusesWhatCouldNotBeReadBack() {
     AppFolder folder;
     WriteFile(folder.IniPath(), HandEdited);
-    const QString good = QStringLiteral("good");
-    const struct {
-        QString section, key, value;
-    } cases[] = {
-        {good, good, QStringLiteral("a\nFooter=1")},
-        {good, good, QStringLiteral("a\r")},
-        {good, good, QStringLiteral("a\0b")},
-        {good, QStringLiteral("a=b"), good},
-        {good, QStringLiteral(";a"), good},
-        {good, QStringLiteral("[a]"), good},
-        {good, QString(), good},
-        {good, QChar(0xD800), good},
-        {QStringLiteral("a]"), good, good},
-        {QStringLiteral("a\n"), good, good},
+    const QString good = u"good"_s;
+    const QStringList cases[] = {
+        // section, key, value
+        {good, good, u"a\nFooter=1"_s}, {good, good, u"a\r"_s},      {good, good, u"a\0b"_s},
+        {good, u"a=b"_s, good},         {good, u";a"_s, good},       {good, u"[a]"_s, good},
+        {good, QString(), good},        {good, QChar(0xD800), good}, {u"a]"_s, good, good},
+        {u"a\n"_s, good, good},
     };
-    for (const auto& c : cases) {
-        QVERIFY(!AppUtilities().WriteINIValue(folder.IniPath(), c.section, c.key, c.value));
+    for (const QStringList& c : cases) {
+        QVERIFY(!AppUtilities().WriteINIValue(folder.IniPath(), c[0], c[1], c[2]));
         const QStringList reports = folder.TakeReports();
         QVERIFY2(reports.size() == 1 && reports[0].startsWith(u"9700 : [5] "),
                  qPrintable(reports.join(u'\n')));
-        QCOMPARE(ReadFile(folder.IniPath()), QByteArray(HandEdited));
+        QCOMPARE(ReadFile(folder.IniPath()), HandEdited);
     }
 }
 
 void IniFileTest::reportsWhatCannotBeReadOrWritten() {
     AppFolder folder;
-    const QString directory = folder.Path(QString());
-    QCOMPARE(AppUtilities().ReadINIValue(directory, Section, Section, Section), QString());
+    QCOMPARE(AppUtilities().ReadINIValue(folder.Path({}), Section, Key, Key), QString());
     QVERIFY(folder.TakeReports().join(u'\n').endsWith(u" [GetINIValue/Utilities]"));
-    const QString nowhere = folder.Path(QStringLiteral("missing/Rankelo.INI"));
-    QCOMPARE(AppUtilities().ReadINIValue(nowhere, Section, Section, Section), Section);
-    QVERIFY(!AppUtilities().WriteINIValue(nowhere, Section, Section, Section));
+    const QString nowhere = folder.Path(u"missing/Rankelo.INI"_s);
+    QVERIFY(!AppUtilities().WriteINIValue(nowhere, Section, Key, Key));
     QVERIFY(folder.TakeReports().join(u'\n').endsWith(u" [WriteINIValue/Utilities]"));
 }
 

@@ -3,10 +3,13 @@
 #include "support/AppFolder.h"
 
 #include <QDateTime>
-#include <QDir>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
 
 class UtilitiesTest : public QObject {
     Q_OBJECT
@@ -16,88 +19,58 @@ private slots:
     void formatsDates();
     void keysAreDifferentAndCarryTheirTime();
     void filesAndFolders();
-    void opensOnlyWhatExists();
 };
 
 void UtilitiesTest::cutsPaths() {
-    const struct {
-        const char* path;
-        const char* file;
-        const char* folder;
-        const char* extension;
-    } cases[] = {
-        {"C:\\x\\y.txt", "y.txt", "C:\\x", "txt"},
-        {"/x/y.txt", "y.txt", "/x", "txt"},
-        {"/x\\y/a.b.txt", "a.b.txt", "/x\\y", "txt"},
-        {"a.b.txt", "", "", "txt"},
-        {"/", "", "", ""},
-        {"x/", "", "x", ""},
-        {"a.", "", "", ""},
-        {"", "", "", ""},
+    const QStringList cases[] = {
+        // path, file, folder, extension
+        {u"C:\\x\\y.txt"_s, u"y.txt"_s, u"C:\\x"_s, u"txt"_s},
+        {u"/x\\y/a.b.txt"_s, u"a.b.txt"_s, u"/x\\y"_s, u"txt"_s},
+        {u"a.b.txt"_s, u""_s, u""_s, u"txt"_s},
+        {u"x/"_s, u""_s, u"x"_s, u""_s},
     };
-    Utilities& utilities = AppUtilities();
-    for (const auto& c : cases) {
-        const QString path = QString::fromLatin1(c.path);
-        QCOMPARE(utilities.GetFileFromPath(path), QString::fromLatin1(c.file));
-        QCOMPARE(utilities.GetPathFromFile(path), QString::fromLatin1(c.folder));
-        QCOMPARE(utilities.GetFileExtension(path), QString::fromLatin1(c.extension));
+    for (const QStringList& c : cases) {
+        QCOMPARE(AppUtilities().GetFileFromPath(c[0]), c[1]);
+        QCOMPARE(AppUtilities().GetPathFromFile(c[0]), c[2]);
+        QCOMPARE(AppUtilities().GetFileExtension(c[0]), c[3]);
     }
 }
 
 void UtilitiesTest::formatsDates() {
     AppFolder folder;
-    const QString month = QLocale::system().monthName(3, QLocale::ShortFormat);
-    const QString day = QStringLiteral("05/%1/2026").arg(month);
-    const QString value = day + QStringLiteral(" 14:10:09");
-    const struct {
-        qint32 format;
-        QString text;
-    } cases[] = {
+    const QString day = u"05/%1/2026"_s.arg(QLocale::system().monthName(3, QLocale::ShortFormat));
+    const QString value = day + u" 14:10:09"_s;
+    const std::pair<qint32, QString> cases[] = {
         {1, day},
         {2, value},
-        {4, QStringLiteral("14:10:09")},
+        {4, u"14:10:09"_s},
         {8, value},
-        {16, day + QStringLiteral(" 00:00:00")},
-        {32, day + QStringLiteral(" 23:59:59")},
-        {64, QStringLiteral("20260305")},
-        {128, QStringLiteral("20260305141009")},
+        {16, day + u" 00:00:00"_s},
+        {32, day + u" 23:59:59"_s},
+        {64, u"20260305"_s},
+        {128, u"20260305141009"_s},
     };
-    Utilities& utilities = AppUtilities();
-    for (const auto& c : cases) {
-        for (const QString& input :
-             {value, QStringLiteral("2026-03-05 14:10:09"), QStringLiteral("2026-03-05T14:10:09"),
-              QStringLiteral(" 5/3/2026 14:10:09 ")})
-            QCOMPARE(utilities.FormatDateTime(c.format, input), c.text);
-        // What the program writes, it reads.
-        const QString now = utilities.GetDateTime(2);
-        QCOMPARE(utilities.FormatDateTime(2, now), now);
-    }
-    QCOMPARE(utilities.FormatDateTime(3, QStringLiteral("2026-03-05 14:10")),
-             QStringLiteral("2026-03-05 14:10"));
+    for (const auto& [format, text] : cases)
+        for (const QString& input : {value, u"2026-03-05T14:10:09"_s, u" 5/3/2026 14:10:09 "_s})
+            QCOMPARE(AppUtilities().FormatDateTime(format, input), text);
     // A value without a time of day gets the current one first.
-    for (const QString& midnight :
-         {day, QStringLiteral("2026-03-05"), day + QStringLiteral(" 00:00:00")}) {
-        QCOMPARE(utilities.FormatDateTime(1, midnight), day);
-        const QString text = utilities.FormatDateTime(3, midnight);
-        QVERIFY2(text.startsWith(day + u' ') && text.size() == value.size(), qPrintable(text));
-    }
+    const QString text = AppUtilities().FormatDateTime(3, day);
+    QVERIFY2(text.startsWith(day + u' ') && text.size() == value.size(), qPrintable(text));
     QCOMPARE(folder.TakeReports(), QStringList());
-    QCOMPARE(utilities.FormatDateTime(1, QStringLiteral("soon")), QString());
+    QCOMPARE(AppUtilities().FormatDateTime(1, u"soon"_s), QString());
     QVERIFY(folder.TakeReports().join(u'\n').endsWith(u" [FormatDateTime/Utilities]"));
 }
 
 void UtilitiesTest::keysAreDifferentAndCarryTheirTime() {
     constexpr int many = 100500; // the counter in the key grows beyond its five digits
-    const QRegularExpression digits(QStringLiteral("\\A[0-9]{26}\\z"));
+    const QRegularExpression digits(u"\\A[0-9]{26}\\z"_s);
     Utilities fresh;
     QSet<QString> keys;
     while (keys.size() < many) {
         const QString key = fresh.GenerateUnique();
-        QVERIFY2(!keys.contains(key), qPrintable(key));
+        QVERIFY2(digits.match(key).hasMatch() && !keys.contains(key), qPrintable(key));
         keys.insert(key);
     }
-    for (const QString& key : std::as_const(keys))
-        QVERIFY2(digits.match(key).hasMatch(), qPrintable(key));
     const auto made = QDateTime::fromString(fresh.GenerateUnique().left(14), u"yyyyMMddHHmmss");
     QVERIFY(qAbs(made.secsTo(QDateTime::currentDateTime())) < 60);
 }
@@ -105,73 +78,48 @@ void UtilitiesTest::keysAreDifferentAndCarryTheirTime() {
 void UtilitiesTest::filesAndFolders() {
     AppFolder folder;
     Utilities& utilities = AppUtilities();
-    const QString a = folder.Path(QStringLiteral("a"));
-    const QString b = folder.Path(QStringLiteral("b %1"));
-    const QString sub = folder.Path(QStringLiteral("sub/"));
-    const QString deep = folder.Path(QStringLiteral("x/y"));
+    const QString a = folder.Path(u"a"_s);
+    const QString b = folder.Path(u"b %1"_s);
+    const QString sub = folder.Path(u"sub/"_s);
+    const QString deep = folder.Path(u"x/y"_s);
     WriteFile(a, "new");
     WriteFile(b, "older and longer");
-
-    QVERIFY(utilities.CopyFile(a, b));
-    QCOMPARE(ReadFile(b), QByteArray("new"));
-    QVERIFY(utilities.CreatePath(sub));
-    QVERIFY(utilities.CreatePath(sub));
-    QVERIFY(utilities.DirectoryExists(sub));
-    QVERIFY(!utilities.FileExists(sub));
-    QVERIFY(utilities.MoveFile(b, sub + u'b'));
-    QVERIFY(!utilities.FileExists(b));
-    QVERIFY(utilities.FolderDelete(sub));
-    QVERIFY(!utilities.DirectoryExists(sub));
-    QVERIFY(utilities.FileDelete(a));
-    QVERIFY(!utilities.FileExists(a));
-    for (const QString& blank : {QString(), QStringLiteral("  ")}) {
-        QVERIFY(!utilities.FileExists(blank));
-        QVERIFY(!utilities.DirectoryExists(blank));
-        QVERIFY(!utilities.FileDelete(blank));
-        QVERIFY(!utilities.FolderDelete(blank));
-    }
-    QCOMPARE(folder.TakeReports(), QStringList());
-
-    WriteFile(a, "kept");
-    const struct {
-        std::function<bool()> action;
-        QString end; // of the report
-    } failures[] = {
-        {[&] { return utilities.CopyFile(b, a); },
-         QStringLiteral("File not foundFailed copying [%1] to [%2] [CopyFile/Utilities]")
-             .arg(b, a)},
-        {[&] { return utilities.CopyFile(a, a); }, QStringLiteral(" [CopyFile/Utilities]")},
-        {[&] { return utilities.CopyFile(a, deep); }, QStringLiteral(" [CopyFile/Utilities]")},
-        {[&] { return utilities.MoveFile(b, a); },
-         QStringLiteral("File not foundFailed moving [%1] to [%2] [CopyFile/Utilities]").arg(b, a)},
-        {[&] { return utilities.MoveFile(folder.DatabasePath(), a); },
-         QStringLiteral(" [CopyFile/Utilities]")},
-        {[&] { return utilities.CreatePath(deep); }, QStringLiteral(" [CreatePath/Utilities]")},
-        {[&] { return utilities.CreatePath(a); }, QStringLiteral(" [CreatePath/Utilities]")},
-        {[&] { return utilities.FileDelete(b); }, QStringLiteral(" [FileDelete/Utilities]")},
-        {[&] { return utilities.FolderDelete(sub); }, QStringLiteral(" [FolderDelete/Utilities]")},
-    };
-    for (const auto& failure : failures) {
-        QVERIFY(!failure.action());
-        const QStringList reports = folder.TakeReports();
-        QVERIFY2(reports.size() == 1 && reports[0].endsWith(failure.end),
-                 qPrintable(reports.join(u'\n')));
-    }
-    QCOMPARE(ReadFile(a), QByteArray("kept"));
-    QCOMPARE(folder.Files(), (QStringList{QStringLiteral("Rankelo.MDB"), QStringLiteral("a")}));
-}
-
-void UtilitiesTest::opensOnlyWhatExists() {
-    const AppFolder folder;
     QStringList opened;
     App().OpenDocument = [&](const QString& path) {
         opened.append(path);
         return true;
     };
-    QVERIFY(!AppUtilities().OpenFile(folder.Path(QStringLiteral("Rankelo.PDF"))));
-    QVERIFY(AppUtilities().OpenFile(folder.DatabasePath()));
-    QCOMPARE(opened, QStringList{folder.DatabasePath()});
+    QVERIFY(utilities.CopyFile(a, b));
+    QCOMPARE(ReadFile(b), "new"_ba);
+    QVERIFY(utilities.OpenFile(b));
+    QVERIFY(utilities.CreatePath(sub) && utilities.CreatePath(sub));
+    QVERIFY(utilities.DirectoryExists(sub) && !utilities.FileExists(sub));
+    QVERIFY(utilities.MoveFile(b, sub + u'b'));
+    QVERIFY(!utilities.FileExists(b) && !utilities.OpenFile(b));
+    QCOMPARE(opened, QStringList{b});
+    QVERIFY(utilities.FolderDelete(sub) && !utilities.DirectoryExists(sub));
+    QVERIFY(!utilities.FileDelete(u" "_s) && !utilities.FolderDelete({}));
+    QCOMPARE(folder.TakeReports(), QStringList());
     App().OpenDocument = nullptr;
+
+    const QString missing = u"File not foundFailed %1 [%2] to [%3] [CopyFile/Utilities]"_s;
+    const std::pair<std::function<bool()>, QString> failures[] = {
+        {[&] { return utilities.CopyFile(b, a); }, missing.arg(u"copying"_s, b, a)},
+        {[&] { return utilities.CopyFile(a, a); }, u" [CopyFile/Utilities]"_s},
+        {[&] { return utilities.CopyFile(a, deep); }, u" [CopyFile/Utilities]"_s},
+        {[&] { return utilities.MoveFile(b, a); }, missing.arg(u"moving"_s, b, a)},
+        {[&] { return utilities.MoveFile(folder.DatabasePath(), a); }, u" [CopyFile/Utilities]"_s},
+        {[&] { return utilities.CreatePath(a); }, u" [CreatePath/Utilities]"_s},
+        {[&] { return utilities.FileDelete(b); }, u" [FileDelete/Utilities]"_s},
+        {[&] { return utilities.FolderDelete(sub); }, u" [FolderDelete/Utilities]"_s},
+    };
+    for (const auto& [action, end] : failures) {
+        QVERIFY(!action());
+        const QString report = folder.TakeReports().join(u'\n');
+        QVERIFY2(report.count(u"9700 : ") == 1 && report.endsWith(end), qPrintable(report));
+    }
+    QCOMPARE(ReadFile(a), "new"_ba);
+    QCOMPARE(folder.Files(), (QStringList{u"Rankelo.MDB"_s, u"a"_s}));
 }
 
 QTEST_GUILESS_MAIN(UtilitiesTest)
