@@ -1,11 +1,6 @@
-#include "core/ItemPair.h"
 #include "core/ObjectList.h"
-#include "core/ObjectMap.h"
-#include "support/AppFolder.h"
 
 #include <QTest>
-
-using namespace Qt::StringLiterals;
 
 class CollectionsTest : public QObject {
     Q_OBJECT
@@ -13,7 +8,6 @@ class CollectionsTest : public QObject {
 private slots:
     void aListGrowsByOneSlotBeyondItsFirst301();
     void removalMovesTheLaterEntriesDown();
-    void aMapFindsTheFirstEntryInAnyCase();
 };
 
 void CollectionsTest::aListGrowsByOneSlotBeyondItsFirst301() {
@@ -50,15 +44,6 @@ void CollectionsTest::removalMovesTheLaterEntriesDown() {
     QVERIFY(list.Remove(second.get()));
     QCOMPARE(list.LastIndex(), 2);
     QVERIFY(list.Item(0) == first && list.Item(1) == third && list.Item(2) == third);
-}
-
-void CollectionsTest::aMapFindsTheFirstEntryInAnyCase() {
-    ObjectMap<ItemPair> map;
-    for (const QString& key : {u"abc"_s, u"ABC"_s, u"straße"_s})
-        QVERIFY(map.Add(key, std::make_shared<ItemPair>(ItemPair{key, {}})));
-    QCOMPARE(map.GetObject(u"Abc"_s), map.Item(0));
-    QCOMPARE(map.GetObject(u"STRASSE"_s), map.Item(2));
-    QVERIFY(!map.GetObject(u"abcd"_s));
 }
 
 QTEST_GUILESS_MAIN(CollectionsTest)

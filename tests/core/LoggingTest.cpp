@@ -12,12 +12,9 @@ class LoggingTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void keepsTheLastMessageUnlessItIsQuiet();
     void theLevelDecidesWhatIsWritten();
     void writesOneHeaderInEachLayout();
-    void losesAMessageInSilence();
     void showsAnErrorOnlyInDebugMode();
-    void describesTheSession();
 
 private:
     static void report(Logging& log) {
@@ -28,19 +25,6 @@ private:
         return QString::fromUtf8(ReadFile(folder.Path(u"ISApplication.Log"_s)));
     }
 };
-
-void LoggingTest::keepsTheLastMessageUnlessItIsQuiet() {
-    Logging log;
-    report(log);
-    QCOMPARE(log.MessageType(), 4);
-    QCOMPARE(log.FunctionName() + log.ObjectName(), u"SaveTheTeamOfTheBestTableTeamDAO"_s);
-    for (const qint32 quiet : {8, 16, 32})
-        log.Record(quiet, 1, u"d"_s, u"f"_s, u"o"_s);
-    QCOMPARE(log.MessageNumber(), 9700);
-    QCOMPARE(log.Description(), u"[53] File \"x\", not found"_s);
-    log.Record(64, 1, u"d"_s, u"f"_s, u"o"_s);
-    QCOMPARE(log.MessageNumber(), 1);
-}
 
 void LoggingTest::theLevelDecidesWhatIsWritten() {
     const AppFolder folder;
@@ -53,6 +37,10 @@ void LoggingTest::theLevelDecidesWhatIsWritten() {
     log.DebugLevel = 32;
     QVERIFY(log.Record(32, 1099, u"bye"_s, {}, {}));
     QVERIFY(contents(folder).endsWith(u"bye\r\n"));
+    QCOMPARE(log.MessageNumber(), 9700); // a quiet message does not hide the last error
+    QCOMPARE(log.Description(), u"[53] File \"x\", not found"_s);
+    log.SetLogPath(folder.Path(u"missing"_s));
+    QVERIFY(!log.Record(1, 1, {}, {}, {})); // and a lost one makes no new error
 }
 
 void LoggingTest::writesOneHeaderInEachLayout() {
@@ -93,15 +81,6 @@ void LoggingTest::writesOneHeaderInEachLayout() {
     }
 }
 
-void LoggingTest::losesAMessageInSilence() {
-    AppFolder folder;
-    Logging log;
-    log.SetLogPath(folder.Path(u"missing"_s));
-    log.DebugLevel = 4;
-    QVERIFY(!log.Record(1, 1, {}, {}, {}));
-    QCOMPARE(folder.TakeReports(), QStringList());
-}
-
 void LoggingTest::showsAnErrorOnlyInDebugMode() {
     AppFolder folder;
     Logging log;
@@ -113,19 +92,6 @@ void LoggingTest::showsAnErrorOnlyInDebugMode() {
                                                          "[SaveTheTeamOfTheBestTable/TeamDAO]"_s
                                                        : QString());
     }
-}
-
-void LoggingTest::describesTheSession() {
-    const AppFolder folder;
-    AppLog().DebugLevel = 32;
-    {
-        const Session session;
-        QCOMPARE(session.Executable, u"LoggingTest"_s);
-        QVERIFY(!session.MachineName.isEmpty() && !session.PCUsername.isEmpty());
-        QCOMPARE(session.SessionID.size(), 26);
-    }
-    AppLog().DebugLevel = 0;
-    QVERIFY(contents(folder).contains(u"1099           Class_Terminate     Session   "));
 }
 
 QTEST_GUILESS_MAIN(LoggingTest)
