@@ -12,47 +12,28 @@ source "$(dirname "$0")/print_service.sh"
 out_tray=/var/spool/cups-pdf/ANONYMOUS
 letter_width=6.6 # points, of a fixed pitch of 11 points
 
-# make_printer NAME PAPER: one whose sheets keep the letters as text.
+# make_printer NAME: one whose sheets keep the letters as text.
 make_printer() {
-    lpadmin -p "$1" -E -v cups-pdf:/ -m lsb/usr/cups-pdf/CUPS-PDF_opt.ppd -o "PageSize=$2" \
+    lpadmin -p "$1" -E -v cups-pdf:/ -m lsb/usr/cups-pdf/CUPS-PDF_opt.ppd -o PageSize=A4 \
         -o pdftops-renderer-default=pdftocairo 2>>"$place/lpadmin.log"
 }
 
-default_is() {
-    [[ $(lpstat -d) == "system default destination: $1" ]] ||
-        fail "the default printer is not $1: $(lpstat -d)"
-}
-
-# printed PRINTER JOB: waits until the sheets of the print job are there, and reads them.
-printed() {
-    within_patience "job $2 on $1" job_is_done "$1-$2"
-    sheets=$(find "$out_tray" -name "*-job_$2.pdf" -newer "$place/display" -user nobody)
-    [[ -f $sheets ]] || fail "there is no sheet: $(ls -l "$out_tray")"
-    mv "$sheets" "$place/$2.pdf"
-    pdftotext -layout -fixed "$letter_width" "$place/$2.pdf" "$place/$2.txt"
-}
-
 job_is_done() {
-    lpstat -W completed -o | grep -q "^$1 "
+    lpstat -W completed -o | grep -q "^Hall-$1 "
 }
 
-# reads JOB: compares the sheets with the text on standard input. The left margin, blanks at the
-# ends of lines and the blank foot of a page do not count.
-reads() {
-    diff <(cat) <(tr -d '\f' <"$place/$1.txt" | sed 's/^    //; s/ *$//' | cat -s |
-        sed '${/^$/d}') >&2 || fail "job $1 reads otherwise"
-}
-
-paper_is() {
-    pdfinfo "$place/$1.pdf" | grep -q "^Page size:.*$2" ||
-        fail "job $1 is not on $2: $(pdfinfo "$place/$1.pdf")"
-}
-
-in_fixed_pitch() {
-    local fonts
-    fonts=$(pdffonts "$place/$1.pdf" | tail -n +3)
-    [[ $(grep -cE 'Mono|Courier' <<<"$fonts") == 1 && $(wc -l <<<"$fonts") == 2 ]] ||
-        fail "job $1 is not in one fixed pitch font and the title's: $fonts"
+# printed JOB PAPER PAGES: waits for the sheets of the print job in the hall, and compares their
+# text with the one on standard input. The left margin, blanks at the ends of lines and the blank
+# foot of a page do not count.
+printed() {
+    within_patience "job $1" job_is_done "$1"
+    sheets=$(find "$out_tray" -name "*-job_$1.pdf" -newer "$place/display" -user nobody)
+    [[ -f $sheets ]] || fail "there is no sheet: $(ls -l "$out_tray")"
+    mv "$sheets" "$place/$1.pdf"
+    diff <(cat) <(pdftotext -layout -fixed "$letter_width" "$place/$1.pdf" - | tr -d '\f' |
+        sed 's/^    //; s/ *$//' | cat -s | sed '${/^$/d}') >&2 || fail "job $1 reads otherwise"
+    [[ $(pdfinfo "$place/$1.pdf") =~ Pages:\ +$3.*Page\ size:[^$'\n']*$2 ]] ||
+        fail "job $1 is not $3 sheets of $2: $(pdfinfo "$place/$1.pdf")"
 }
 
 open_standings() {
@@ -65,19 +46,29 @@ close_standings() {
     window "$console"
 }
 
-# print_in_vain KEY...: the keys lead from the list to the printer's button; its press is reported.
+# print_in_vain KEYS COMMAND...: once the list is open, the command spoils the printing; the keys
+# lead to the printer's button, and its press is reported.
 print_in_vain() {
-    press "$@" Return
+    local keys=$1
+    shift
+    open_standings
+    "$@"
+    # shellcheck disable=SC2086 # one word a key
+    press $keys Return
     window "Application Error"
-    picture print-in-vain
     press Return
     window "Rankelo Results"
     close_standings
 }
 
-nothing_changed() {
-    default_is Hall
-    [[ -z $(lpstat -o) ]] || fail "a job is waiting: $(lpstat -o)"
+stop_service() {
+    kill "$service"
+    wait "$service" || true
+}
+
+the_hall_waits() {
+    [[ $(lpstat -d) == "system default destination: Hall" && -z $(lpstat -o) ]] ||
+        fail "another default printer, or a job that waits: $(lpstat -d -o)"
 }
 
 header="Position  Team Name                                                   Total"
@@ -86,8 +77,8 @@ rule=---------------------------------------------------------------------------
 begin print
 open_display 1280x720
 open_print_service
-make_printer Bar A4
-make_printer Hall A4
+make_printer Bar
+make_printer Hall
 lpadmin -d Bar
 new_folder Rankelo
 printf '[Application]\nDebugMode=1\n' >"$folder/Rankelo.INI"
@@ -97,33 +88,30 @@ press shift+Tab shift+Tab shift+Tab # to the button of the overall standings
 
 # Nobody has come yet. The second printer becomes the default.
 open_standings
-press Tab Down
-picture choose-printer
-press Tab Return
-printed Hall 1
-press space # one sheet is enough
-close_standings
-default_is Hall
-reads 1 <<END
+press Tab Down Tab Return
+printed 1 A4 1 <<END
 Rankelo Results
 
 $header
 $rule
 END
-paper_is 1 A4
+press space # one sheet is enough
+close_standings
+the_hall_waits
 
-# Two share the first place, one with a name that is too long. The default is selected already.
+# Three sheets. Two share the first place, one with a name that is too long. The default is
+# selected already.
 sqlite3 -bail "$folder/Rankelo.MDB" "
     INSERT INTO Rounds VALUES ('r', 'Music', 1, 10);
     INSERT INTO Teams VALUES ('a', 'Last Orders'), ('b', 'Zoë & the Ünïcödes'),
         ('c', 'Those Who Could Not Agree on a Name and So Chose This Longest One');
-    INSERT INTO Results VALUES ('1', 'r', 'a', 6, 1), ('2', 'r', 'b', -3, 0), ('3', 'r', 'c', 12, 0)"
+    INSERT INTO Results VALUES ('1', 'r', 'a', 6, 1), ('2', 'r', 'b', -3, 0), ('3', 'r', 'c', 12, 0);
+    INSERT INTO Teams SELECT value, printf('Team %03d', value) FROM generate_series(3, 120);
+    INSERT INTO Results SELECT 'x' || value, 'r', value, -1 - value, 0 FROM generate_series(3, 120)"
 lpadmin -p Hall -o PageSize=Letter
 open_standings
 press Tab Tab Return
-printed Hall 2
-close_standings
-reads 2 <<END
+printed 2 letter 3 <<END
 Rankelo Results
 
 $header
@@ -132,61 +120,26 @@ $rule
 1         Last Orders                                                 12
 1         Those Who Could Not Agree on a Name and So Chose This Longes 12
 2         Zoë & the Ünïcödes                                          -3
+$(for i in {3..120}; do printf '%-10sTeam %03d%52s-%d\n' "$i" "$i" "" $((i + 1)); done)
 END
-paper_is 2 letter
-in_fixed_pitch 2
-
-# So many that they need three sheets.
-sqlite3 -bail "$folder/Rankelo.MDB" "
-    DELETE FROM Teams; DELETE FROM Results;
-    INSERT INTO Teams SELECT value, printf('Team %03d', value) FROM generate_series(1, 120);
-    INSERT INTO Results SELECT value, 'r', value, 121 - value, 0 FROM generate_series(1, 120)"
-open_standings
-press Tab Tab Return
-printed Hall 3
 close_standings
-reads 3 <<END
-Rankelo Results
+fonts=$(pdffonts "$place/2.pdf" | tail -n +3)
+[[ $(grep -cE 'Mono|Courier' <<<"$fonts") == 1 && $(wc -l <<<"$fonts") == 2 ]] ||
+    fail "not one fixed pitch font and the title's: $fonts"
 
-$header
-$rule
-
-$(for i in {1..120}; do printf '%-10sTeam %03d%52s%d\n' "$i" "$i" "" $((121 - i)); done)
-END
-[[ $(pdfinfo "$place/3.pdf" | sed -n 's/^Pages: *//p') == 3 ]] || fail "not three sheets"
-
-# A printer that is stopped, one that takes nothing, one that is gone when the button is pressed.
-cupsdisable Bar
-open_standings
-print_in_vain Tab Up Tab
-nothing_changed
-cupsenable Bar
-cupsreject Bar
-open_standings
-print_in_vain Tab Up Tab
-nothing_changed
-open_standings
-lpadmin -x Bar
-print_in_vain Tab Up Tab
-nothing_changed
-
-# A service that has gone deaf, one that is gone, and a system without any printer.
-open_standings
-kill -STOP "$service"
-print_in_vain Tab Tab
+# A printer that takes nothing, one that is gone, a service that has gone
+# deaf, one that is gone, and a system without any printer.
+print_in_vain "Tab Up Tab" cupsreject Bar
+the_hall_waits
+print_in_vain "Tab Up Tab" lpadmin -x Bar
+print_in_vain "Tab Tab" kill -STOP "$service"
 open_standings
 close_standings
 kill -CONT "$service"
-nothing_changed
-open_standings
-kill "$service"
-wait "$service" || true
-print_in_vain Tab Tab
-open_standings
-picture no-printer
-print_in_vain Tab Tab
+print_in_vain "Tab Tab" stop_service
+print_in_vain "Tab Tab" true
 run_print_service
-nothing_changed
+the_hall_waits
 
 press Escape
 window "Exit Application"
