@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Starts that must not succeed: the program says in one line which file is wrong and why, ends
 # with exit status 1, and leaves the folder as it was, byte for byte.
-source "$(dirname "$0")/driver.sh"
+source "$(dirname "$0")/../../scripts/stage/driver.sh"
 
 begin badstart
 open_display 1280x720
