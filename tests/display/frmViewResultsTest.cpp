@@ -4,6 +4,8 @@
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -28,11 +30,17 @@ void frmViewResultsTest::listsTheStandingsUntilEscape() {
                                  "Played||Played"};
         for (int column = 0; column < 4; ++column)
             QCOMPARE(Column(list, column), columns[column]);
+        // One print an opening, also when there is no printer to take it.
+        Control<QComboBox>(dialog, "cboPrinter").clear();
+        auto& print = Control<QAbstractButton>(dialog, "cmdPrint");
+        print.click();
+        QVERIFY(!print.isEnabled());
         Press(Qt::Key_Escape);
     }});
     QVERIFY(Render().ViewResults(screen, standings, "Music & More Results"));
     QVERIFY(answers.AllGiven());
-    QCOMPARE(folder.TakeReports(), QStringList());
+    QCOMPARE(folder.TakeReports(),
+             QStringList("9700 : [57] There is no printer [cmdPrint_Click/frmViewResults]"));
 }
 
 QTEST_MAIN(frmViewResultsTest)
