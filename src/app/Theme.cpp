@@ -80,7 +80,7 @@ QIcon Theme::Icon(const QString& name) {
 
 QIcon Theme::ProgramIcon() {
     QIcon icon;
-    for (const int side : {16, 24, 32, 48, 64, 128, 256})
+    for (const int side : {16, 24, 32, 48, 64, 128})
         icon.addFile(QStringLiteral(":/icons/app/%1.png").arg(side), QSize(side, side));
     return icon;
 }

@@ -11,30 +11,21 @@
 #include <vector>
 
 /// An ordered list of shared objects, indexed from 0. It starts with 301 slots and grows by one
-/// slot for each entry beyond them; a slot without an entry gives no object.
+/// slot for each entry beyond them; a slot without an entry gives no object, and takes no memory.
 template <typename T>
 class ObjectList {
 public:
     static constexpr std::size_t InitialSlots = 301;
 
-    ObjectList() { Clear(); }
-
     /// Index of the last entry, -1 when the list is empty.
-    qint32 LastIndex() const { return m_lastIndex; }
-    std::size_t SlotCount() const { return vObjects.size(); }
+    qint32 LastIndex() const { return static_cast<qint32>(vObjects.size()) - 1; }
+    std::size_t SlotCount() const { return std::max(InitialSlots, vObjects.size()); }
 
-    void Clear() {
-        vObjects.assign(InitialSlots, nullptr);
-        m_lastIndex = -1;
-    }
+    void Clear() { vObjects.clear(); }
 
     bool Add(std::shared_ptr<T> object) {
         return Guarded("Add", "ObjectList", false, [&] {
-            const auto slot = static_cast<std::size_t>(m_lastIndex + 1);
-            if (slot >= vObjects.size())
-                vObjects.resize(slot + 1);
-            vObjects[slot] = std::move(object);
-            ++m_lastIndex;
+            vObjects.push_back(std::move(object));
             return true;
         });
     }
@@ -48,24 +39,22 @@ public:
         return slot < vObjects.size() ? vObjects[slot] : nullptr;
     }
 
-    std::shared_ptr<T> LastItem() const { return m_lastIndex < 0 ? nullptr : Item(m_lastIndex); }
+    std::shared_ptr<T> LastItem() const { return vObjects.empty() ? nullptr : vObjects.back(); }
 
     /// Removes the first entry that is this very object by moving the later ones down. LastIndex
     /// stays, so the former last entry is held twice; who removes entries re-reads the list.
     bool Remove(const T* object) {
         // Reported as "Add" like every failure of this class.
         return Guarded("Add", "ObjectList", false, [&] {
-            const auto last = vObjects.begin() + (m_lastIndex + 1);
-            const auto found = std::find_if(vObjects.begin(), last,
+            const auto found = std::find_if(vObjects.begin(), vObjects.end(),
                                             [&](const auto& o) { return o.get() == object; });
-            if (found == last)
+            if (found == vObjects.end())
                 return false;
-            std::copy(found + 1, last, found);
+            std::copy(found + 1, vObjects.end(), found);
             return true;
         });
     }
 
 private:
-    std::vector<std::shared_ptr<T>> vObjects;
-    qint32 m_lastIndex = -1;
+    std::vector<std::shared_ptr<T>> vObjects; ///< the entries; the empty slots are only counted
 };

@@ -132,6 +132,8 @@ void DBObject::open() {
         // One file, no side files, and on the disk before a score counts as saved.
         run(QStringLiteral("PRAGMA journal_mode=DELETE"));
         run(QStringLiteral("PRAGMA synchronous=EXTRA"));
+        // Room for thousands of teams, taken only when they are there.
+        run(QStringLiteral("PRAGMA cache_size=-65536"));
     } catch (const RuntimeError& error) {
         CloseDatabase();
         throw RuntimeError(error.Number(), refusal(path, error));

@@ -3,6 +3,8 @@
 #include "core/RuntimeError.h"
 #include "data/DatabaseError.h"
 
+#include <QSqlRecord>
+
 RecordSet::RecordSet(QSqlQuery query)
     : m_query(std::move(query)) {
     MoveNext();
@@ -15,13 +17,15 @@ void RecordSet::MoveNext() {
 }
 
 QVariant RecordSet::Field(const char* name) const {
-    if (m_fields.isEmpty())
-        m_fields = m_query.record();
-    const int position = m_fields.indexOf(QLatin1StringView(name));
-    if (position < 0) {
-        constexpr qint32 noSuchItem = 3265;
-        throw RuntimeError(
-            noSuchItem, QStringLiteral("The query gives no field %1").arg(QLatin1StringView(name)));
+    if (m_names.isEmpty()) {
+        const QSqlRecord record = m_query.record();
+        for (int position = 0; position < record.count(); ++position)
+            m_names.append(record.fieldName(position).toLatin1());
     }
-    return m_query.value(position);
+    for (int position = 0; position < m_names.size(); ++position)
+        if (qstricmp(m_names[position].constData(), name) == 0)
+            return m_query.value(position);
+    constexpr qint32 noSuchItem = 3265;
+    throw RuntimeError(noSuchItem,
+                       QStringLiteral("The query gives no field %1").arg(QLatin1StringView(name)));
 }

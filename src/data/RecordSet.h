@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QByteArrayList>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QString>
 #include <QVariant>
 
@@ -21,6 +21,6 @@ public:
 
 private:
     QSqlQuery m_query;
-    mutable QSqlRecord m_fields; ///< filled when a field is first asked for by name
+    mutable QByteArrayList m_names; ///< of the fields; filled when one is first asked for by name
     bool m_endOfFile = false;
 };

@@ -18,4 +18,5 @@ CREATE TABLE Results (
     Joker INTEGER
 );
 CREATE INDEX ResultsByRound ON Results (RoundID);
-CREATE INDEX ResultsByTeam ON Results (TeamID);
+-- Holds all that the standings read of a team in one place.
+CREATE INDEX ResultsByTeam ON Results (TeamID, RoundID, Score, Joker, ResultID);

@@ -1,0 +1,113 @@
+#include "Bench.h"
+
+#include "app/Desktop.h"
+#include "app/HeldKeys.h"
+#include "app/Theme.h"
+#include "app/modCommon.h"
+#include "core/AppValues.h"
+#include "core/Utilities.h"
+#include "data/DBObject.h"
+#include "forms/frmMain.h"
+#include "support/AppFolder.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QProcess>
+#include <QWindow>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <sys/resource.h>
+
+namespace {
+
+// Ends the process once a window has been painted, and says how much memory it took (kB) and how
+// long the processor worked (us).
+class PaintedWatch : public QObject {
+public:
+    using QObject::QObject;
+
+private:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        // The event that shows a window paints all of it.
+        if (event->type() == QEvent::Expose && static_cast<QWindow*>(object)->isExposed()) {
+            object->event(event);
+            rusage usage{};
+            getrusage(RUSAGE_SELF, &usage);
+            const auto time = [](const timeval& t) { return t.tv_sec * 1000000L + t.tv_usec; };
+            std::printf("%ld %ld\n", usage.ru_maxrss, time(usage.ru_utime) + time(usage.ru_stime));
+            std::fflush(stdout);
+            std::_Exit(EXIT_SUCCESS);
+        }
+        return false;
+    }
+};
+
+struct Cost {
+    double time = std::numeric_limits<double>::max();      // ns from the start to the end
+    double processor = std::numeric_limits<double>::max(); // ns
+    double memory = std::numeric_limits<double>::max();    // bytes at the most
+};
+
+void start(const QString& what, Cost& least) {
+    QElapsedTimer timer;
+    timer.start();
+    QProcess child;
+    child.start(QApplication::applicationFilePath(), {what});
+    if (!child.waitForFinished() || child.exitCode() != 0)
+        qFatal("%s did not start", qPrintable(what));
+    const QByteArrayList words = child.readAllStandardOutput().simplified().split(' ');
+    least.time = std::min(least.time, static_cast<double>(timer.nsecsElapsed()));
+    least.memory = std::min(least.memory, words.value(0).toDouble() * 1024);
+    least.processor = std::min(least.processor, words.value(1).toDouble() * 1000);
+}
+
+} // namespace
+
+void BenchStart() {
+    constexpr int rounds = 30;
+    const AppFolder folder;
+    qputenv("RANKELO_BENCH_FOLDER", App().AppPath.toUtf8());
+    Cost console;
+    Cost empty;
+    Cost word;
+    for (int i = 0; i < rounds; ++i) {
+        start(QStringLiteral("console"), console);
+        start(QStringLiteral("empty-window"), empty);
+        start(QStringLiteral("word-window"), word);
+    }
+    PrintRow(QStringLiteral("start to the painted console, an empty window"),
+             {console.time, empty.time}, 1, 1.5);
+    PrintRow(QStringLiteral("start to the painted console, a window with one word"),
+             {console.time, word.time}, 1, 1.5);
+    PrintRow(QStringLiteral("  processor time, a window with one word"),
+             {console.processor, word.processor}, 1, 0);
+    PrintRow(QStringLiteral("  memory in kB, an empty window"), {console.memory, empty.memory},
+             1.024, 1.6);
+}
+
+bool RunStartOnce(const QString& operation) {
+    PaintedWatch watch(nullptr);
+    qApp->installEventFilter(&watch);
+    if (operation == u"empty-window" || operation == u"word-window") {
+        QLabel window(operation == u"word-window" ? QStringLiteral("Rankelo") : QString());
+        window.resize(900, 600);
+        window.show();
+        QApplication::exec();
+    }
+    if (operation == u"console") { // everything that Main does but the splash screen's two seconds
+        App().TempPath = AppUtilities().ReturnTempPath();
+        App().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
+        Theme::Apply(*qApp);
+        ConnectDesktop();
+        IgnoreHeldKeys(*qApp);
+        if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
+            return false;
+        frmMain window;
+        window.show();
+        QApplication::exec();
+    }
+    return false;
+}

@@ -1,0 +1,33 @@
+#include "Bench.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+void PrintRow(const QString& what, const Pair& pair, double count, double limit) {
+    constexpr double microsecond = 1000;
+    const double ratio = pair.ours / pair.bare;
+    QString verdict;
+    if (limit > 0)
+        verdict = QStringLiteral("%1  %2")
+                      .arg(limit, 5, 'f', 2)
+                      .arg(ratio <= limit ? QStringLiteral("holds") : QStringLiteral("OVER"));
+    std::printf("%-52s %12.1f %12.1f %7.2f %s\n", qPrintable(what), pair.ours / count / microsecond,
+                pair.bare / count / microsecond, ratio, qPrintable(verdict));
+    std::fflush(stdout);
+}
+
+bool RunOnce(const QString& operation) {
+    return RunStartOnce(operation) || RunDataOnce(operation) || RunBoardOnce(operation);
+}
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (const QStringList words = QApplication::arguments(); words.size() == 2)
+        return RunOnce(words[1]) ? EXIT_SUCCESS : EXIT_FAILURE;
+    std::printf("%-52s %12s %12s %7s %s\n", "", "ours, us", "bare, us", "ratio", "limit");
+    BenchStart();
+    BenchBoard();
+    BenchData();
+    return EXIT_SUCCESS;
+}
