@@ -59,7 +59,7 @@ void DBObjectTest::refusesWhatIsNoQuiz() {
          "this is not a quiz database. Put back"},
         {[&](const QString& path) { WriteFile(path, access); }, 26,
          "this is a file of Microsoft Access, which opens only on Windows"},
-        {sql({u"ALTER TABLE Results DROP COLUMN Joker"_s}), 1, "(no such column: Joker)"},
+        {sql({u"ALTER TABLE Rounds DROP COLUMN MaxScore"_s}), 1, "(no such column: MaxScore)"},
         {sql({u"DROP TABLE Teams"_s, u"PRAGMA journal_mode=WAL"_s}), 1, "(no such table: Teams)"},
         {[](const QString& path) {
              fillWithTeams(path);
