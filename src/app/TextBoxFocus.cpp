@@ -24,7 +24,8 @@ public:
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* box = static_cast<QLineEdit*>(watched);
+        // No more than that: a box loses the focus in its own end, too.
+        auto* box = static_cast<QWidget*>(watched);
         if (event->type() == QEvent::FocusIn) {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             if (staysInBox(reason))
