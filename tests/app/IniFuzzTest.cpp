@@ -2,6 +2,7 @@
 #include "core/AppValues.h"
 #include "core/Logging.h"
 #include "support/AppFolder.h"
+#include "support/Soak.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -51,7 +52,7 @@ private slots:
 void IniFuzzTest::anyFileGivesSettingsOrAReason() {
     QRandomGenerator random(20260117);
     AppFolder folder;
-    constexpr int cases = 2000;
+    const int cases = SoakCount(2000, 200000);
     int loaded = 0;
     for (int i = 0; i < cases; ++i) {
         const QByteArray bytes = fuzzedFile(random);
