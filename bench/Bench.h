@@ -45,6 +45,7 @@ void PrintRow(const QString& what, const Pair& pair, double count, double limit)
 
 void BenchData();
 void BenchBoard();
+void BenchScreens();
 /// Starts this executable again, as the program and as an empty window.
 void BenchStart();
 

@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
     std::printf("%-52s %12s %12s %7s %s\n", "", "ours, us", "bare, us", "ratio", "limit");
     BenchStart();
     BenchBoard();
+    BenchScreens();
     BenchData();
     return EXIT_SUCCESS;
 }

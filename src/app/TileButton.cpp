@@ -19,9 +19,9 @@ QColor mixed(const QColor& a, const QColor& b, double share) {
 } // namespace
 
 TileButton::TileButton(const QString& name, const QString& icon, const QString& caption,
-                       const QString& toolTip, const QString& key, QWidget* parent)
+                       const QString& toolTip, QString key, QWidget* parent)
     : QAbstractButton(parent)
-    , m_key(key) {
+    , m_key(std::move(key)) {
     setObjectName(name);
     setIcon(Theme::Icon(icon));
     setIconSize(QSize(Theme::TileIcon, Theme::TileIcon));

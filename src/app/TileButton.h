@@ -10,7 +10,7 @@ class TileButton : public QAbstractButton {
 public:
     /// `key` is empty for a command without a key of its own.
     TileButton(const QString& name, const QString& icon, const QString& caption,
-               const QString& toolTip, const QString& key, QWidget* parent = nullptr);
+               const QString& toolTip, QString key, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
