@@ -79,8 +79,12 @@ QIcon Theme::Icon(const QString& name) {
 }
 
 QIcon Theme::ProgramIcon() {
-    QIcon icon;
-    for (const int side : {16, 24, 32, 48, 64, 128})
-        icon.addFile(QStringLiteral(":/icons/app/%1.png").arg(side), QSize(side, side));
+    // Another icon of the same files would leave its own pictures in the library's cache.
+    static const auto& icon = *new QIcon([] {
+        QIcon made;
+        for (const int side : {16, 24, 32, 48, 64, 128})
+            made.addFile(QStringLiteral(":/icons/app/%1.png").arg(side), QSize(side, side));
+        return made;
+    }());
     return icon;
 }
