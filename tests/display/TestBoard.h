@@ -1,57 +1,53 @@
 #pragma once
 
+#include "app/modCommon.h"
 #include "display/Render.h"
 #include "display/frmSummary.h"
+#include "support/AppFolder.h"
 
+#include <QLabel>
 #include <QPointer>
 
-#include <initializer_list>
-
-/// A board of a size of its own choice, for tests of the drawing.
-class TestBoard {
-public:
-    TestBoard() = default;
-    TestBoard(int width, int height) {
-        m_screen->resize(width, height);
-        m_screen->show();
-    }
-    ~TestBoard() { delete m_screen; }
-    TestBoard(const TestBoard&) = delete;
-    TestBoard& operator=(const TestBoard&) = delete;
-
-    bool Render(const SummaryList& list, qint32 revealFrom = 0) {
-        return ::Render().RenderResults(*m_screen, list, QStringLiteral("Music Results"),
-                                        revealFrom);
-    }
-    frmSummary& Screen() { return *m_screen; }
-    bool IsGone() const { return m_screen.isNull(); }
-    /// An element by the number in its name.
-    QLabel& Element(int number) {
-        return *m_screen->findChild<QLabel*>(QStringLiteral("lblLabel%1").arg(number));
-    }
-
-private:
-    // It deletes itself when it is closed.
-    QPointer<frmSummary> m_screen = new frmSummary(nullptr);
-};
-
 /// Rows at the given positions; those at a negative position played the joker.
-inline SummaryList RowsAt(std::initializer_list<int> positions) {
+inline SummaryList RowsAt(const QList<int>& positions) {
     SummaryList list;
-    for (const int position : positions) {
-        auto row = std::make_shared<Summary>();
-        row->Position = std::abs(position);
-        row->Joker = position < 0;
-        row->Score = 100 - row->Position;
-        row->TeamName = QStringLiteral("Team %1").arg(list.LastIndex() + 1);
-        list.Add(row);
-    }
+    for (const int position : positions)
+        list.Add(std::make_shared<Summary>(
+            Summary{"Team", 100 - std::abs(position), position < 0, std::abs(position)}));
     return list;
 }
 
-inline SummaryList Rows(int count) {
-    SummaryList list;
-    for (int i = 1; i <= count; ++i)
-        list.Add(RowsAt({i}).Item(0));
-    return list;
-}
+/// A board of a size of its own choice, or as large as its screen, under the settings that an INI
+/// file holds.
+struct TestBoard : AppFolder {
+    explicit TestBoard(QSize size = {}, const QByteArray& settings = {}) {
+        WriteFile(Path("JOKER.BMP"), ReadFile(":/JOKER.BMP"));
+        WriteFile(IniPath(),
+                  "[Application]\nDebugMode=1\n" + QByteArray(settings).replace(' ', '\n'));
+        modCommon::Settings(modCommon::LoadSettings);
+        if (size.isEmpty())
+            return;
+        Screen->resize(size);
+        Screen->show();
+    }
+    ~TestBoard() { delete Screen; }
+
+    bool Render(const SummaryList& list, qint32 revealFrom = 0) const {
+        return ::Render().RenderResults(*Screen, list, "Music Results", revealFrom);
+    }
+    /// An element by the number in its name.
+    QLabel& Element(int number) const {
+        return *Screen->findChild<QLabel*>(QStringLiteral("lblLabel%1").arg(number));
+    }
+    /// Where the elements of the lines stand.
+    QString Places() const {
+        QStringList places;
+        for (const QLabel* label : Screen->findChildren<QLabel*>())
+            if (const QRect box = label->geometry(); label->objectName() != "lblHeading")
+                places.append(
+                    QString::asprintf("%d %d %d %d", box.x(), box.y(), box.width(), box.height()));
+        return places.join(u'|');
+    }
+
+    QPointer<frmSummary> Screen = new frmSummary(nullptr); ///< deletes itself when closed
+};

@@ -1,47 +1,136 @@
 #include "display/frmViewResults.h"
-
+#include "core/RuntimeError.h"
 #include "display/Render.h"
+#include "display/ResultsPage.h"
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QFontInfo>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QTest>
 #include <QTreeWidget>
+
+namespace {
+
+/// Remembers every text instead of painting it.
+struct RecordingEngine : QPaintEngine {
+    RecordingEngine()
+        : QPaintEngine(QPaintEngine::AllFeatures) {}
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    Type type() const override { return QPaintEngine::User; }
+    void drawTextItem(const QPointF& place, const QTextItem& item) override {
+        Items.append({place, item.text(), item.font()});
+    }
+
+    QList<std::tuple<QPointF, QString, QFont>> Items;
+};
+
+/// As much paper as it says, with margins of that many millimetres.
+struct RecordingPaper : QPdfWriter {
+    RecordingPaper(QPageSize::PageSizeId size, double margin, int pages)
+        : QPdfWriter(QString())
+        , PagesLeft(pages) {
+        setPageLayout({QPageSize(size), QPageLayout::Portrait,
+                       QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter});
+    }
+    bool newPage() override { return --PagesLeft > 0; }
+    QPaintEngine* paintEngine() const override { return &Engine; }
+
+    int PagesLeft;
+    mutable RecordingEngine Engine;
+};
+
+} // namespace
 
 class frmViewResultsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void listsTheStandingsUntilEscape();
-};
+    void initTestCase() { PrepareApplication(); }
 
-void frmViewResultsTest::listsTheStandingsUntilEscape() {
-    AppFolder folder;
-    SummaryList standings;
-    for (const Summary& row : {Summary{"The <b>Crisps</b>", 56, true, 1},
-                               Summary{"Last Orders", -3, false, 2}, Summary{"Ten", -3, true, 2}})
-        standings.Add(std::make_shared<Summary>(row));
-    frmViewResults screen;
-    ModalAnswers answers({[](QDialog& dialog) {
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Music & More Results"));
-        const auto& list = Control<QTreeWidget>(dialog, "lvResults");
-        const char* columns[] = {"1|2|2", "The <b>Crisps</b>|Last Orders|Ten", "56|-3|-3",
-                                 "Played||Played"};
-        for (int column = 0; column < 4; ++column)
-            QCOMPARE(Column(list, column), columns[column]);
-        // One print an opening, also when there is no printer to take it.
-        Control<QComboBox>(dialog, "cboPrinter").clear();
-        auto& print = Control<QAbstractButton>(dialog, "cmdPrint");
-        print.click();
-        QVERIFY(!print.isEnabled());
-        Press(Qt::Key_Escape);
-    }});
-    QVERIFY(Render().ViewResults(screen, standings, "Music & More Results"));
-    QVERIFY(answers.AllGiven());
-    QCOMPARE(folder.TakeReports(),
-             QStringList("9700 : [57] There is no printer [cmdPrint_Click/frmViewResults]"));
-}
+    void listsTheStandingsUntilEscape() {
+        AppFolder folder;
+        SummaryList standings;
+        for (const Summary& row :
+             {Summary{"The <b>Crisps</b>", 56, true, 1}, Summary{"Last Orders", -3, false, 2}})
+            standings.Add(std::make_shared<Summary>(row));
+        frmViewResults screen;
+        const ModalAnswers answers({[](QDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), "Music & More Results");
+            QCOMPARE(Rows(Control<QTreeWidget>(dialog, "lvResults")),
+                     "1 The <b>Crisps</b> 56 Played|2 Last Orders -3 ");
+            // One print an opening, also when there is no printer to take it.
+            Control<QComboBox>(dialog, "cboPrinter").clear();
+            auto& print = Control<QAbstractButton>(dialog, "cmdPrint");
+            print.click();
+            QVERIFY(!print.isEnabled());
+            Press(Qt::Key_Escape);
+        }});
+        QVERIFY(Render().ViewResults(screen, standings, "Music & More Results"));
+        QVERIFY(answers.AllGiven());
+        QCOMPARE(folder.TakeReports(),
+                 QStringList("9700 : [57] There is no printer [cmdPrint_Click/frmViewResults]"));
+    }
+
+    // Eighty columns. A name too long pushes the score one column on.
+    void writesEveryLine() {
+        const QString wide(60, u'W');
+        QStringList lines;
+        for (const ResultsPage::Line& line :
+             ResultsPage::Lines("Music", {{"1", "Ants", "56", "Played"}, {"10", wide + "X", "-7"}}))
+            lines.append(line.join(QString()));
+        QCOMPARE(lines,
+                 (QStringList{QString("Music").leftJustified(80), "",
+                              QString("Position  Team Name").leftJustified(70) + "Total     ",
+                              QString(80, u'-'), "",
+                              QString("1         Ants").leftJustified(70) + "56        ",
+                              "10        " + wide + " -7        "}));
+    }
+
+    // Three pages of teams, also with names that a fixed pitch font has no letters for, after the
+    // widest line: a name too long before a score of eleven characters.
+    void staysATableOnEveryPaper() {
+        const QStringList names{"Plain", "\U0001F984 Unicorns", "\u05E9\u05DC", "e\u0301e\u0301"};
+        QList<QStringList> rows{{"0", QString(61, u'W'), "-2147483648"}};
+        for (int i = 1; i <= 120; ++i)
+            rows.append({QString::number(i), names[i % names.size()], QString::number(-i)});
+        const auto lines = ResultsPage::Lines("Title", rows);
+        for (const auto size : {QPageSize::A4, QPageSize::Letter})
+            for (const double margin : {0.0, 20.0}) {
+                RecordingPaper paper(size, margin, 3);
+                const QFont own = QPainter(&paper).font();
+                const double millimetre = paper.logicalDpiX() / 25.4;
+                const QRectF sheet(QPointF(), paper.pageLayout().fullRect().size() * millimetre);
+                const QRectF printable = sheet.marginsRemoved(QMarginsF(8, 15, 8, 15) * millimetre);
+                ResultsPage::Paint(paper, lines);
+                QCOMPARE(paper.PagesLeft, 1);
+                QSet<double> columns;
+                for (const auto& [place, text, font] : paper.Engine.Items) {
+                    const bool isTitle = text.startsWith("Title");
+                    QCOMPARE(font.family(), isTitle ? own.family() : "Courier New");
+                    QCOMPARE(font.pointSize(), isTitle ? own.pointSize() : 11);
+                    QVERIFY(isTitle || QFontInfo(font).fixedPitch());
+                    const QPointF left = place + QPointF(margin, margin) * millimetre;
+                    const double width =
+                        QFontMetricsF(font, &paper).horizontalAdvance(text.trimmed());
+                    QVERIFY2(printable.contains({left, QSizeF(std::max(width, 1.0), 1)}),
+                             qPrintable(text));
+                    if (const int score = text.toInt(); score < 0 && score >= -120)
+                        columns.insert(left.x());
+                }
+                QCOMPARE(columns.size(), 1);
+            }
+        RecordingPaper torn(QPageSize::A4, 20, 2);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, ResultsPage::Paint(torn, lines));
+    }
+};
 
 QTEST_MAIN(frmViewResultsTest)
 #include "frmViewResultsTest.moc"

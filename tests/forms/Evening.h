@@ -3,31 +3,52 @@
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
+#include <QTreeWidget>
+
 /// A small quiz under way: three teams, three rounds, two scores in the first of them.
 class Evening : public AppFolder {
 public:
     Evening() {
         RunForeign(DatabasePath(),
-                   {QStringLiteral("INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),"
-                                   "('T3','Cats')"),
-                    QStringLiteral("INSERT INTO Rounds VALUES ('R1','Music',1,10),"
-                                   "('R2','Films',2,10),('R3','Sport',3,10)"),
-                    QStringLiteral("INSERT INTO Results VALUES ('X1','R1','T1',8,0),"
-                                   "('X2','R1','T2',7,1)")});
+                   {"INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),('T3','Cats')",
+                    "INSERT INTO Rounds VALUES "
+                    "('R1','Music',1,10),('R2','Films',2,10),('R3','Sport',3,10)",
+                    "INSERT INTO Results VALUES ('X1','R1','T1',8,0),('X2','R1','T2',7,1)"});
         Open();
     }
 
     /// The first column of a query's rows, as another program sees them, joined by "|".
-    QString Stored(const char* query) const {
-        return RunForeign(DatabasePath(), {QString::fromLatin1(query)}).join(u'|');
+    QString Stored(const QString& query) const {
+        return RunForeign(DatabasePath(), {query}).join(u'|');
     }
-    /// Takes a table away or brings it back, so that every statement on it fails meanwhile.
-    void Hide(const char* table) const { rename(table, "Hidden"); }
-    void Unhide(const char* table) const { rename("Hidden", table); }
+    /// Gives a table another name, so that every statement on it fails meanwhile.
+    void Rename(const QString& table, const QString& name) const {
+        RunForeign(DatabasePath(), {"ALTER TABLE " + table + " RENAME TO " + name});
+    }
+};
 
-private:
-    void rename(const char* from, const char* to) const {
-        RunForeign(DatabasePath(), {QStringLiteral("ALTER TABLE %1 RENAME TO %2")
-                                        .arg(QLatin1StringView(from), QLatin1StringView(to))});
+/// A screen, filled from the database as the program does it.
+template <typename Screen>
+std::unique_ptr<Screen> Filled() {
+    auto screen = std::make_unique<Screen>();
+    if constexpr (requires { screen->FillList(); })
+        screen->FillList();
+    if constexpr (requires { screen->Fill(QString()); })
+        screen->Fill("R1");
+    return screen;
+}
+
+/// A screen of the evening that an operator has opened, with its list.
+template <typename Screen>
+struct Opened : Evening {
+    Opened() { ShowScreen(*screen); }
+
+    QString Rows() const { return ::Rows(list); }
+    template <typename T>
+    T& Get(const char* name) const {
+        return Control<T>(*screen, name);
     }
+
+    std::unique_ptr<Screen> screen = Filled<Screen>();
+    QTreeWidget& list = *screen->template findChild<QTreeWidget*>();
 };

@@ -13,96 +13,81 @@
 
 namespace {
 
-const QString LockConnection = QStringLiteral("lock");
-
 void require(bool condition, const QString& what) {
     if (!condition)
         qFatal("%s", qPrintable(what));
+}
+
+QStringList run(const QString& connection, const QString& path, const QStringList& statements,
+                const QVariant& value = {}) {
+    QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", connection);
+    database.setDatabaseName(path);
+    require(database.open(), database.lastError().text());
+    QSqlQuery query(database);
+    QStringList column;
+    for (const QString& statement : statements) {
+        query.prepare(statement);
+        if (value.isValid())
+            query.addBindValue(value);
+        require(query.exec(), statement + u'\n' + query.lastError().text());
+        column.clear();
+        while (query.next())
+            column.append(query.value(0).toString());
+    }
+    return column;
 }
 
 } // namespace
 
 QByteArray ReadFile(const QString& path) {
     QFile file(path);
-    require(file.open(QIODevice::ReadOnly), path + QStringLiteral(": ") + file.errorString());
+    require(file.open(QIODevice::ReadOnly), path + ": " + file.errorString());
     return file.readAll();
 }
 
 void WriteFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush(),
-            path + QStringLiteral(": ") + file.errorString());
+            path + ": " + file.errorString());
 }
 
-QStringList RunForeign(const QString& path, const QStringList& statements) {
-    const QString connection = QStringLiteral("foreign");
-    QStringList column;
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
-        database.setDatabaseName(path);
-        require(database.open(), database.lastError().text());
-        QSqlQuery query(database);
-        for (const QString& statement : statements) {
-            require(query.exec(statement), statement + u'\n' + query.lastError().text());
-            column.clear();
-            while (query.next())
-                column.append(query.value(0).toString());
-        }
-    }
-    QSqlDatabase::removeDatabase(connection);
+QStringList RunForeign(const QString& path, const QStringList& statements, const QVariant& value) {
+    const QStringList column = run("foreign", path, statements, value);
+    QSqlDatabase::removeDatabase("foreign");
     return column;
 }
 
 ForeignLock::ForeignLock(const QString& path) {
-    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), LockConnection);
-    database.setDatabaseName(path);
-    require(database.open(), database.lastError().text());
-    QSqlQuery query(database);
-    require(query.exec(QStringLiteral("BEGIN EXCLUSIVE")), query.lastError().text());
+    run("lock", path, {"BEGIN EXCLUSIVE"});
 }
 
 ForeignLock::~ForeignLock() {
-    QSqlDatabase::database(LockConnection, false).close();
-    QSqlDatabase::removeDatabase(LockConnection);
+    QSqlDatabase::removeDatabase("lock");
 }
 
 const QByteArray& EmptyDatabase() {
     static const QByteArray bytes = [] {
         const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("empty"));
-        QString schema = QString::fromUtf8(ReadFile(QStringLiteral(":/schema.sql")));
-        schema.remove(QRegularExpression(QStringLiteral("--[^\n]*")));
+        const QString path = folder.filePath("empty");
+        QString schema = QString::fromUtf8(ReadFile(":/schema.sql"));
+        schema.remove(QRegularExpression("--[^\n]*"));
         RunForeign(path, schema.trimmed().split(u';', Qt::SkipEmptyParts));
         return ReadFile(path);
     }();
     return bytes;
 }
 
-void SetDefaultSettings() {
-    AppValues& values = App();
-    values.FontName = QStringLiteral("Arial");
-    values.FontSize = QStringLiteral("32");
-    values.DebugMode = QStringLiteral("0");
-    values.BackGround = 0;
-    values.BColorA = 16576;
-    values.BColorB = 16512;
-    values.FColorA = values.FColorB = 8454143;
-    values.CellPadX = 40;
-    values.CellPadY = 80;
-    values.LeftMargin = values.RightMargin = 200;
-    values.LabelWidth = 7;
-    values.Footer = 500;
-}
-
 AppFolder::AppFolder(const QString& name)
     : m_folder(m_parent.filePath(name)) {
     require(m_parent.isValid() && QDir().mkpath(m_folder), m_parent.errorString());
     WriteFile(DatabasePath(), EmptyDatabase());
-    SetDefaultSettings();
-    App().AppPath = App().TempPath = QDir::toNativeSeparators(m_folder + u'/');
-    AppLog().SetLogPath(App().TempPath);
-    App().DebugMode = QStringLiteral("1");
-    App().ShowErrorBox = [this](const QString& text) { m_reports.append(text); };
+    const QString path = QDir::toNativeSeparators(m_folder + u'/');
+    AppLog().SetLogPath(path);
+    const auto remember = [this](const QString& text) { m_reports.append(text); };
+    // Colours, padding, margins, label width and footer as a start without an INI file loads them;
+    // every report is shown.
+    App() = {path,    path, "Arial", "32", "1", 0, 16576, 8454143,  16512,
+             8454143, 40,   80,      200,  200, 7, 500,   remember, nullptr};
 }
 
 AppFolder::~AppFolder() {

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QVariant>
 
 /// A fresh application folder for one test: an empty Rankelo.MDB, the default settings, and every
 /// report to the log kept instead of shown. The process-wide values point into it while it lives;
@@ -10,15 +11,15 @@
 class AppFolder {
 public:
     /// `name` is the folder's own name, to try awkward ones.
-    explicit AppFolder(const QString& name = QStringLiteral("Rankelo"));
+    explicit AppFolder(const QString& name = "Rankelo");
     ~AppFolder();
     AppFolder(const AppFolder&) = delete;
     AppFolder& operator=(const AppFolder&) = delete;
 
     /// The full path of a file in the folder.
     QString Path(const QString& file) const;
-    QString DatabasePath() const { return Path(QStringLiteral("Rankelo.MDB")); }
-    QString IniPath() const { return Path(QStringLiteral("Rankelo.INI")); }
+    QString DatabasePath() const { return Path("Rankelo.MDB"); }
+    QString IniPath() const { return Path("Rankelo.INI"); }
     /// The names of everything in the folder, sorted.
     QStringList Files() const;
 
@@ -35,9 +36,6 @@ private:
     QStringList m_reports;
 };
 
-/// The default display settings, as a start without an INI file loads them.
-void SetDefaultSettings();
-
 /// The bytes of an empty database made from the schema.
 const QByteArray& EmptyDatabase();
 
@@ -46,8 +44,10 @@ QByteArray ReadFile(const QString& path);
 void WriteFile(const QString& path, const QByteArray& bytes);
 
 /// Runs statements on a database file through a connection of its own, as another program would.
-/// Returns the first column of the last statement's rows.
-QStringList RunForeign(const QString& path, const QStringList& statements);
+/// A value goes into the one place that each statement leaves open with "?". Returns the first
+/// column of the last statement's rows.
+QStringList RunForeign(const QString& path, const QStringList& statements,
+                       const QVariant& value = {});
 
 /// Holds the database file as another program would: nobody else can read or write it.
 class ForeignLock {

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QPointer>
 #include <QTimer>
 
@@ -10,15 +9,13 @@
 #include <list>
 
 /// Answers modal dialogs in the order in which they open, each one once, as an operator would.
-/// A dialog that nobody expected, or that stays open too long, is closed and fails the test, so
-/// that no test waits for ever.
+/// A dialog that nobody expected is closed and fails the test.
 class ModalAnswers : public QObject {
 public:
     using Answer = std::function<void(QDialog& dialog)>;
 
     explicit ModalAnswers(std::list<Answer> answers)
         : m_answers(std::move(answers)) {
-        m_sinceLast.start();
         lookSoon();
     }
 
@@ -27,35 +24,28 @@ public:
 
 private:
     void lookSoon() {
-        constexpr int milliseconds = 5;
         // A new timer each time: one does not run again while its dialog is open.
-        QTimer::singleShot(milliseconds, this, [this] {
+        QTimer::singleShot(5, this, [this] {
             lookSoon();
-            look();
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialog && dialog->isVisible() && !m_answered.contains(dialog))
+                answer(*dialog);
         });
     }
 
-    void look() {
-        constexpr int patienceMilliseconds = 20000;
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
-            return;
-        const bool isNew = !m_answered.contains(dialog);
-        if (isNew && !m_answers.empty()) {
-            m_answered.append(dialog);
-            m_sinceLast.restart();
-            const Answer answer = std::move(m_answers.front());
-            m_answers.pop_front();
-            answer(*dialog);
-        } else if (isNew || m_sinceLast.hasExpired(patienceMilliseconds)) {
-            qWarning("left alone with the dialog \"%s\"", qPrintable(dialog->windowTitle()));
+    void answer(QDialog& dialog) {
+        m_answered.append(&dialog);
+        if (m_answers.empty()) {
+            qWarning("nobody expected the dialog \"%s\"", qPrintable(dialog.windowTitle()));
             m_failed = true;
-            dialog->reject();
+            return dialog.reject();
         }
+        const Answer answer = std::move(m_answers.front());
+        m_answers.pop_front();
+        answer(dialog);
     }
 
     std::list<Answer> m_answers;
     QList<QPointer<QDialog>> m_answered;
-    QElapsedTimer m_sinceLast;
     bool m_failed = false;
 };

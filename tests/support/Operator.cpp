@@ -20,33 +20,17 @@ bool keyboardIsThere() {
            (!modal || QApplication::activePopupWidget() || window == modal->windowHandle());
 }
 
-// Where there is no window manager, a closed window leaves the keyboard to nobody.
-void giveKeyboardBack() {
-    if (QApplication::activePopupWidget())
-        return;
+QWindow& keyboardWindow() {
+    // Where there is no window manager, a closed window leaves the keyboard to nobody.
     QWidget* next = QApplication::activeModalWidget();
     for (QWidget* window : QApplication::topLevelWidgets())
         if (!next && window->isVisible())
             next = window;
-    if (next && !QGuiApplication::focusWindow())
+    if (next && !QApplication::activePopupWidget() && !QGuiApplication::focusWindow())
         next->activateWindow();
-}
-
-QWindow& keyboardWindow() {
-    giveKeyboardBack();
     if (!QTest::qWaitFor(keyboardIsThere))
         qFatal("no window has the keyboard");
     return *QGuiApplication::focusWindow();
-}
-
-QString textOf(int key, Qt::KeyboardModifiers modifiers) {
-    if (key == Qt::Key_Return || key == Qt::Key_Enter)
-        return QStringLiteral("\r");
-    if (key == Qt::Key_Escape)
-        return QStringLiteral("\033");
-    if (key < Qt::Key_Escape && modifiers == Qt::NoModifier)
-        return QString(QChar(key)).toLower();
-    return {};
 }
 
 } // namespace
@@ -65,14 +49,14 @@ void ShowScreen(QWidget& screen) {
 
 void Press(int key, Qt::KeyboardModifiers modifiers) {
     const auto code = static_cast<Qt::Key>(key);
-    QTest::sendKeyEvent(QTest::Press, &keyboardWindow(), code, textOf(key, modifiers), modifiers);
+    QTest::keyPress(&keyboardWindow(), code, modifiers);
     // The press may have closed the last window.
     if (QWindow* window = QGuiApplication::focusWindow())
-        QTest::sendKeyEvent(QTest::Release, window, code, textOf(key, modifiers), modifiers);
+        QTest::keyRelease(window, code, modifiers);
 }
 
 void Hold(int key) {
-    QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, textOf(key, Qt::NoModifier), true);
+    QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
     QApplication::sendEvent(&keyboardWindow(), &repeated);
 }
 
@@ -98,25 +82,25 @@ void ClickRow(QTreeWidget& list, int row) {
     QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, box.center());
 }
 
-QString Column(const QTreeWidget& list, int column) {
-    QStringList texts;
-    for (int row = 0; row < list.topLevelItemCount(); ++row)
-        texts.append(list.topLevelItem(row)->text(column));
-    return texts.join(u'|');
+QString Rows(const QTreeWidget& list) {
+    QStringList rows;
+    for (int row = 0; row < list.topLevelItemCount(); ++row) {
+        QStringList texts;
+        for (int column = 0; column < list.columnCount(); ++column)
+            texts.append(list.topLevelItem(row)->text(column));
+        rows.append(texts.join(u' '));
+    }
+    return rows.join(u'|');
 }
 
-int SelectedRow(const QTreeWidget& list) {
-    const QList<QTreeWidgetItem*> selected = list.selectedItems();
-    return selected.isEmpty() ? -1 : list.indexOfTopLevelItem(selected.first());
-}
-
-ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key) {
+ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key,
+                                Qt::KeyboardModifiers modifiers) {
     return [=](QDialog& dialog) {
         const auto* box = qobject_cast<QMessageBox*>(&dialog);
         QVERIFY2(box, qPrintable(dialog.objectName()));
         QCOMPARE(box->windowTitle(), title);
         QCOMPARE(box->text(), text);
-        Press(key);
+        Press(key, modifiers);
         QVERIFY2(!box->isVisible(), "the key closes the box");
     };
 }

@@ -36,10 +36,9 @@ void Click(QWidget& control);
 /// Clicks into the middle of a list's row.
 void ClickRow(QTreeWidget& list, int row);
 
-/// A column of a list, from top to bottom, joined by "|".
-QString Column(const QTreeWidget& list, int column);
-/// The number of the selected row, -1 for none.
-int SelectedRow(const QTreeWidget& list);
+/// What a list shows: the texts of a row are joined by blanks, the rows by "|".
+QString Rows(const QTreeWidget& list);
 
 /// The answer to a message box that must have this title and text: a key pressed in it.
-ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key);
+ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key,
+                                Qt::KeyboardModifiers modifiers = Qt::NoModifier);

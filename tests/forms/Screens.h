@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Evening.h"
+#include "app/frmAbout.h"
+#include "display/frmOptions.h"
+#include "display/frmViewResults.h"
+#include "forms/frmEntry.h"
+#include "forms/frmMain.h"
+#include "forms/frmResultEntry.h"
+#include "forms/frmRoundEntry.h"
+#include "forms/frmTeamEntry.h"
+
+struct ScoreDialog : frmEntry {
+    ScoreDialog()
+        : frmEntry(nullptr) {
+        SetEntry(12, true);
+    }
+};
+
+struct ResultsWindow : frmViewResults {
+    ResultsWindow() { AddRow("1", "Ants", "14", "Played"); }
+};
+
+template <typename Screen>
+std::unique_ptr<QWidget> Make() {
+    return Filled<Screen>();
+}
+
+/// Every screen but the board, filled, and the order in which Tab visits its controls.
+inline const struct {
+    std::unique_ptr<QWidget> (*Make)();
+    const char* TabOrder;
+} Screens[] = {
+    {Make<frmMain>,
+     "cboRounds chkShowAllRound cmdRoundSetup cmdTeamSetup cmdResultsEntry cmdDisplayRound "
+     "cmdDisplayLeader cmdViewResults cmdViewLeader cmdConfiguration cmdExit"},
+    {Make<frmTeamEntry>, "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
+    {Make<frmRoundEntry>, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
+    {Make<frmResultEntry>, "lvTeams cboRounds"},
+    {Make<ScoreDialog>, "txtScore chkJoker cmdOK cmdCancel"},
+    {Make<frmOptions>,
+     "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
+     "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
+     "chkDebugMode cmdSave cmdClose cmdAbout cmdReset"},
+    {Make<ResultsWindow>, "lvResults cboPrinter cmdPrint"},
+    {Make<frmAbout>, "cmdClose"},
+};
