@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Starts that must not succeed: the program says in one line which file is wrong and why, ends
-# with exit status 1, and leaves the folder as it was, byte for byte.
+# with exit status 1, and leaves the folder as it was, byte for byte. And one that must.
 source "$(dirname "$0")/../../scripts/stage/driver.sh"
 
 begin badstart
 open_display 1280x720
 
 missing()   { rm "$folder/Rankelo.MDB"; }
+empty()     { : >"$folder/Rankelo.MDB"; }
 foreign()   { echo "Dear quiz master, these are the teams: ..." >"$folder/Rankelo.MDB"; }
 no_column() { sqlite3 "$folder/Rankelo.MDB" "ALTER TABLE Rounds DROP COLUMN MaxScore"; }
 damaged() { # the pages behind the first one hold noise
@@ -47,6 +48,7 @@ while read -r breakage file reason; do
     [[ $(type -t "after_$breakage") != function ]] || "after_$breakage"
 done <<'END'
 missing         Rankelo.MDB not found
+empty           Rankelo.MDB empty|table
 foreign         Rankelo.MDB not a quiz database
 no_column       Rankelo.MDB MaxScore
 damaged         Rankelo.MDB damaged|malformed
@@ -55,3 +57,26 @@ locked          Rankelo.MDB another program holds
 word_for_number Rankelo.INI CellPadX
 too_big_number  Rankelo.INI Footer
 END
+
+# From a CD or from somebody else's folder, whatever its name: everything can be seen, and what
+# cannot be stored is told.
+new_folder 'Quiz #7 100% ?mode=memory' "$project/scripts/demo.sql"
+chmod -R a-w,a+rX "$folder"
+if ((EUID == 0)); then
+    as_user=(setpriv --reuid=65534 --regid=65534 --clear-groups)
+    chown -R 65534:65534 "$place"/{home,config,tmp,runtime}
+fi
+before=$(contents "$folder")
+start_program
+window "$console"
+press F3
+window "Team Entry"
+enter_text "Latecomers"
+press Return
+window "Rankelo Error"
+picture read-only
+press Return
+window "Team Entry"
+press Escape F8
+window "Rankelo Results"
+[[ $(contents "$folder") == "$before" ]] || fail "the read-only folder has changed"

@@ -11,7 +11,7 @@ line_begins() {
 
 begin settings
 open_display 1280x720
-new_folder Rankelo "$project/scripts/demo.sql"
+new_folder "Quiz #7 100%" "$project/scripts/demo.sql"
 start_program
 within_patience "the splash" is_open
 press Escape F8 # a person without patience; neither key reaches the console
