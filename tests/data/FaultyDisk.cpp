@@ -1,74 +1,24 @@
 #include "FaultyDisk.h"
 
-#include <QDir>
+#include "support/AppFolder.h"
+
 #include <QFile>
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdarg>
 
 namespace {
 
-struct State {
-    QString folder;           // empty: nothing is watched
-    QMap<int, QString> open;  // descriptors of files in the folder, and of the folder itself
-    FaultyDisk::Image synced; // contents as of the last sync
-    QStringList names;        // directory entries that have reached the disk
-    int calls = 0;
-    int failAt = 0;
-    int failures = 0; // still to come
-    int error = 0;
-    bool hasFailed = false;
-    int cutAt = 0;
-    std::optional<FaultyDisk::Image> cut;
-};
+FaultyDisk* disk = nullptr;
 
-State& state() {
-    static State& instance = *new State;
-    return instance;
-}
-
-QStringList entries() {
-    return QDir(state().folder).entryList(QDir::Files | QDir::Hidden);
-}
-
-bool isWatched(const QString& path) {
-    return !state().folder.isEmpty() && path.startsWith(state().folder);
-}
-
-// Counts one call; true when it must fail, with errno set.
-bool fails() {
-    State& disk = state();
-    ++disk.calls;
-    if (disk.calls == disk.cutAt)
-        disk.cut = FaultyDisk::OnDisk();
-    if (disk.failAt == 0 || disk.calls < disk.failAt || disk.failures == 0)
-        return false;
-    --disk.failures;
-    disk.hasFailed = true;
-    errno = disk.error;
-    return true;
-}
-
-bool fails(int descriptor) {
-    return !state().folder.isEmpty() && state().open.contains(descriptor) && fails();
-}
-
-QByteArray contents(int descriptor) {
-    struct stat status {};
-    fstat(descriptor, &status);
-    QByteArray bytes(status.st_size, '\0');
-    bytes.resize(pread(descriptor, bytes.data(), static_cast<size_t>(bytes.size()), 0));
-    return bytes;
-}
-
-template <typename Function>
-Function* real(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+// Makes a call unless the disk fails it.
+template <typename Function, typename... Arguments>
+auto call(const char* name, bool isCounted, Arguments... arguments) {
+    auto* const system = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+    return isCounted && disk && disk->FailsNext() ? -1 : system(arguments...);
 }
 
 } // namespace
@@ -78,93 +28,58 @@ Function* real(const char* name) {
 extern "C" {
 
 int open64(const char* path, int flags, ...) {
-    static auto* const next = real<int(const char*, int, ...)>("open64");
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
-    va_end(arguments);
-    const QString name = QFile::decodeName(path);
-    if (!isWatched(name))
-        return next(path, flags, mode);
-    if ((flags & O_CREAT) != 0 && !QFile::exists(name) && fails())
-        return -1;
-    const int descriptor = next(path, flags, mode);
-    state().open.insert(descriptor,
-                        QFileInfo(name).isDir() ? QString() : QFileInfo(name).fileName());
-    return descriptor;
+    constexpr mode_t mode = 0600; // of every file that a test makes
+    const bool isNew = (flags & O_CREAT) != 0 && access(path, F_OK) != 0;
+    return call<int(const char*, int, ...)>("open64", isNew, path, flags, mode);
 }
 
 ssize_t pwrite64(int descriptor, const void* bytes, size_t size, off64_t offset) {
-    static auto* const next = real<ssize_t(int, const void*, size_t, off64_t)>("pwrite64");
-    return fails(descriptor) ? -1 : next(descriptor, bytes, size, offset);
-}
-
-int ftruncate64(int descriptor, off64_t size) noexcept {
-    static auto* const next = real<int(int, off64_t)>("ftruncate64");
-    return fails(descriptor) ? -1 : next(descriptor, size);
+    return call<decltype(pwrite64)>("pwrite64", true, descriptor, bytes, size, offset);
 }
 
 int fdatasync(int descriptor) {
-    static auto* const next = real<int(int)>("fdatasync");
-    if (fails(descriptor))
-        return -1;
-    State& disk = state();
-    if (const auto file = disk.open.constFind(descriptor); file != disk.open.constEnd()) {
-        if (file->isEmpty())
-            disk.names = entries();
-        else
-            disk.synced[*file] = contents(descriptor);
-    }
-    return next(descriptor);
+    const int failed = call<decltype(fdatasync)>("fdatasync", true, descriptor);
+    if (disk && !failed)
+        disk->NoteSync(descriptor);
+    return failed;
 }
 
 int unlink(const char* path) noexcept {
-    static auto* const next = real<int(const char*)>("unlink");
-    return isWatched(QFile::decodeName(path)) && fails() ? -1 : next(path);
+    return call<decltype(unlink)>("unlink", true, path);
 }
 
 } // extern "C"
 
-void FaultyDisk::Watch(const QString& folder) {
-    state() = {};
-    for (const QString& name : QDir(folder).entryList(QDir::Files)) {
-        QFile file(folder + u'/' + name);
-        if (file.open(QIODevice::ReadOnly))
-            state().synced[name] = file.readAll();
-        state().names.append(name);
-    }
-    state().folder = folder;
+FaultyDisk::FaultyDisk(const QString& folder)
+    : Folder(folder)
+    , Names(Folder.entryList(QDir::Files)) {
+    for (const QString& name : std::as_const(Names))
+        Synced[name] = ReadFile(Folder.filePath(name));
+    disk = this;
 }
 
-void FaultyDisk::Unwatch() {
-    state() = {};
+FaultyDisk::~FaultyDisk() {
+    disk = nullptr;
 }
 
-void FaultyDisk::FailAt(int call, int error, int times) {
-    state().failAt = state().calls + call;
-    state().error = error;
-    state().failures = times;
-    state().hasFailed = false;
+bool FaultyDisk::FailsNext() {
+    ++Calls;
+    Pulled.append(OnDisk());
+    errno = Error;
+    return Calls >= FailAt && Calls < FailAt + Times;
 }
 
-bool FaultyDisk::Repair() {
-    state().failAt = 0;
-    return state().hasFailed;
+void FaultyDisk::NoteSync(int descriptor) {
+    const QFileInfo file(QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(descriptor)));
+    if (file.isDir())
+        Names = Folder.entryList(QDir::Files);
+    else // this drops the engine's locks, which nobody else asks for
+        Synced[file.fileName()] = ReadFile(file.filePath());
 }
 
-void FaultyDisk::CutAt(int call) {
-    state().cutAt = state().calls + call;
-    state().cut.reset();
-}
-
-std::optional<FaultyDisk::Image> FaultyDisk::Cut() {
-    state().cutAt = 0;
-    return state().cut;
-}
-
-FaultyDisk::Image FaultyDisk::OnDisk() {
+FaultyDisk::Image FaultyDisk::OnDisk() const {
     Image image;
-    for (const QString& name : std::as_const(state().names))
-        image[name] = state().synced.value(name);
+    for (const QString& name : Names)
+        image[name] = Synced.value(name);
     return image;
 }

@@ -1,37 +1,34 @@
 #pragma once
 
-#include <QByteArray>
+#include <QDir>
 #include <QMap>
-#include <QString>
 
-#include <limits>
-#include <optional>
+/// A disk that fails or loses power on demand. While one lives, it stands between the database
+/// engine and the system: the engine's calls that create, write, sync and delete a file are
+/// counted, and the one numbered FailAt and the next ones, Times in all, fail with Error. Linux
+/// only.
+struct FaultyDisk {
+    /// Files by name and what they hold.
+    using Image = QMap<QString, QByteArray>;
 
-/// A disk that fails or loses power on demand. It stands between the database engine and the
-/// system for one folder: the engine's calls that create, write, cut, sync and delete a file there
-/// are counted, and can be made to fail. Linux only.
-namespace FaultyDisk {
+    /// What is in the folder now counts as being on the disk.
+    explicit FaultyDisk(const QString& folder);
+    ~FaultyDisk();
 
-/// Files by name and what they hold.
-using Image = QMap<QString, QByteArray>;
+    /// Counts a call; true when it must fail.
+    bool FailsNext();
+    void NoteSync(int descriptor);
+    /// What would be left if the plug were pulled now: of every file whose name has reached the
+    /// disk, what was last synced.
+    Image OnDisk() const;
 
-/// Starts to watch a folder. What is in it now counts as being on the disk.
-void Watch(const QString& folder);
-/// Works without faults again.
-void Unwatch();
+    int FailAt = 0;
+    int Times = 0;
+    int Error = 0;
+    int Calls = 0;
+    QList<Image> Pulled; ///< what would be left if the plug were pulled before each of the calls
 
-/// Makes the n-th call from now on, and `times` calls in all, fail with an error of the system.
-void FailAt(int call, int error, int times = std::numeric_limits<int>::max());
-/// The disk works again. True when a call has failed since FailAt.
-bool Repair();
-
-/// Notes what would be left on the disk if the plug were pulled just before the n-th call from
-/// now on.
-void CutAt(int call);
-/// What CutAt noted; nothing when there were fewer calls.
-std::optional<Image> Cut();
-/// What would be left if the plug were pulled now: of every file whose name has reached the disk,
-/// what was last synced.
-Image OnDisk();
-
-} // namespace FaultyDisk
+    QDir Folder;
+    QStringList Names;
+    Image Synced;
+};
