@@ -14,16 +14,15 @@
 #include "display/frmSummary.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QTemporaryFile>
 
+#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
+#include <ranges>
 
 namespace {
 
-constexpr int Sizes[] = {16, 18, 20, 22, 24, 26, 28, 30, 32, 34, 40, 52, 70};
-const QString TypicalName = QStringLiteral("Universally Challenged");
+constexpr int Crowd = 200; // more teams than any board holds
 
 struct Board {
     int whole = 0;   ///< lines that are on the screen with their whole height
@@ -33,78 +32,62 @@ struct Board {
 };
 
 Board measured(int teams) {
+    const QString name = QStringLiteral("Universally Challenged"); // a typical one
     SummaryList list;
-    for (int i = 0; i < teams; ++i) {
-        auto row = std::make_shared<Summary>();
-        row->TeamName = TypicalName;
-        row->Position = i + 1;
-        list.Add(row);
-    }
+    for (int i = 1; i <= teams; ++i)
+        list.Add(std::make_shared<Summary>(Summary{.TeamName = name, .Position = i}));
     frmSummary screen(nullptr);
     screen.setAttribute(Qt::WA_DeleteOnClose, false);
-    if (!Render().RenderResults(screen, list, QStringLiteral("Rankelo Results"), 0))
-        std::exit(EXIT_FAILURE);
+    Render().RenderResults(screen, list, QStringLiteral("Rankelo Results"), 0);
 
     Board board;
     for (const auto* label : screen.findChildren<BoardLabel*>()) {
-        if (label->text() != TypicalName)
+        if (label->text() != name)
             continue;
         const QRect box = label->geometry();
         // A line is a tenth higher than its letters; so much may be missing of it.
         const QRect letters = box.adjusted(0, 0, 0, -box.height() / 10);
         board.whole += screen.rect().contains(letters) ? 1 : 0;
         board.visible += screen.rect().contains(box.topLeft()) ? 1 : 0;
-        const double letter = QFontMetricsF(label->font()).horizontalAdvance(TypicalName) /
-                              static_cast<double>(TypicalName.size());
+        const double letter =
+            QFontMetricsF(label->font()).horizontalAdvance(name) / static_cast<double>(name.size());
         board.nameWidth = box.width();
         board.letters = static_cast<int>(box.width() / letter);
     }
     return board;
 }
 
-// More teams than any board holds, so that its columns are full.
-constexpr int Crowd = 200;
-
-void measure(int points) {
-    App().FontSize = QString::number(points);
-    const Board two = measured(Crowd);
-    int narrow = Crowd; // so many teams take two columns,
-    int wide = 1;       // and so many one
-    while (narrow - wide > 1) {
-        const int middle = (narrow + wide) / 2;
-        (measured(middle).nameWidth == two.nameWidth ? narrow : wide) = middle;
-    }
-    const Board one = measured(wide);
-    std::printf("%d %d %d %d %d %d%s\n", points, one.whole, narrow, two.visible, one.letters,
-                two.letters, two.whole < two.visible ? " cut" : "");
-}
-
-QByteArray screenOf(const QByteArray& size) {
-    const QList<QByteArray> sides = size.split('x');
-    return "{\"screens\": [{\"name\": \"wall\", \"x\": 0, \"y\": 0, \"width\": " + sides.value(0) +
-           ", \"height\": " + sides.value(1) +
-           ", \"logicalDpi\": 96, \"logicalBaseDpi\": 96, \"dpr\": 1}]}";
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    const QTemporaryDir place;
-    QFile screen(place.filePath(QStringLiteral("screen.json")));
-    if (argc != 2 || !screen.open(QIODevice::WriteOnly))
+    const QByteArrayList sides = QByteArray(argv[argc - 1]).split('x');
+    QTemporaryFile screen;
+    if (sides.size() != 2 || !screen.open())
         return EXIT_FAILURE;
-    screen.write(screenOf(argv[1]));
+    screen.write("{\"screens\": [{\"name\": \"wall\", \"x\": 0, \"y\": 0, \"width\": " + sides[0] +
+                 ", \"height\": " + sides[1] +
+                 ", \"logicalDpi\": 96, \"logicalBaseDpi\": 96, \"dpr\": 1}]}");
     screen.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName().toUtf8());
     // Nothing is shown, so nothing can be raised; the platform would say so for each board.
     qputenv("QT_LOGGING_RULES", "default.warning=false");
     QApplication application(argc, argv);
 
     // No file of settings lies there: these are the defaults.
-    App().AppPath = place.path() + u'/';
+    App().AppPath = screen.fileName();
     if (!modCommon::Settings(modCommon::LoadSettings))
         return EXIT_FAILURE;
-    for (const int points : Sizes)
-        measure(points);
+    for (const int points : {16, 18, 20, 22, 24, 26, 28, 30, 32, 34, 40, 52, 70}) {
+        App().FontSize = QString::number(points);
+        const Board two = measured(Crowd);
+        // The fewest teams that take two columns.
+        const int narrow =
+            *std::ranges::partition_point(std::views::iota(1, Crowd), [&](int teams) {
+                return measured(teams).nameWidth != two.nameWidth;
+            });
+        const Board one = measured(narrow - 1);
+        std::printf("%d %d %d %d %d %d%s\n", points, one.whole, narrow, two.visible, one.letters,
+                    two.letters, two.whole < two.visible ? " cut" : "");
+    }
     return EXIT_SUCCESS;
 }

@@ -1,17 +1,15 @@
 #!/usr/bin/env bash
-# includes.sh FOLDER QT_HEADERS: fails when an include in the sources of FOLDER points up the
-# floors of the house, when a window comes into the floors that have none, or when classes
-# include each other in a circle. QT_HEADERS is the folder of QtCore, QtGui and the rest.
+# includes.sh FOLDER: fails when an include in the sources of FOLDER points up the floors of the
+# house, or when classes include each other in a circle.
 set -euo pipefail
 shopt -s globstar
 cd "$1"
-qt=$2
 
 # One line an include: the file, and the file that it includes.
 includes=$(grep -H '^ *# *include *"' -- **/*.{cpp,h} | sed -E 's/:.*"(.*)".*/ \1/')
 [[ -n $includes ]]
 
-faults() {
+found=$(
     awk '
         BEGIN { level["core"] = 1; level["data"] = 2; level["app"] = 3
                 level["display"] = 4; level["forms"] = 5; level["main.cpp"] = 6 }
@@ -23,22 +21,8 @@ faults() {
             else if (level[there[1]] > level[here[1]])
                 print $1 ": \"" $2 "\" points up"
         }' <<<"$includes"
-
-    grep -H '^ *# *include *<Q' -- {core,data}/**/*.{cpp,h} | sed -E 's/:.*<(.*)>.*/ \1/' |
-        while read -r file header; do
-            if [[ $header == Qt@(Gui|Widgets|PrintSupport)* || -e $qt/QtGui/$header ||
-                -e $qt/QtWidgets/$header || -e $qt/QtPrintSupport/$header ]]; then
-                echo "$file: <$header> brings in a window"
-            fi
-        done
-
     # The files of a class count as one, however they share the includes out.
     sed -E 's/(_unix|_win)?\.(cpp|h)( |$)/\3/g' <<<"$includes" | awk '$1 != $2' |
         { tsort 2>&1 >/dev/null || true; } | sed -E 's/^tsort: -:.*/These include each other:/; s/^tsort:/   /'
-}
-
-found=$(faults)
-if [[ -n $found ]]; then
-    echo "$found"
-    exit 1
-fi
+)
+[[ -z $found ]] || { echo "$found"; exit 1; }
