@@ -100,6 +100,7 @@ bool RunStartOnce(const QString& operation) {
     if (operation == u"console") { // everything that Main does but the splash screen's two seconds
         App().TempPath = AppUtilities().ReturnTempPath();
         App().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
+        const std::jthread fonts = Theme::LookForFonts();
         Theme::Apply(*qApp);
         ConnectDesktop();
         IgnoreHeldKeys(*qApp);

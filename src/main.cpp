@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <thread>
 
 namespace {
 
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.rankelo.Rankelo"));
     // Only the exit command ends the program, not the last window that closes.
     QApplication::setQuitOnLastWindowClosed(false);
+    const std::jthread fonts = Theme::LookForFonts();
     Theme::Apply(application);
     ConnectDesktop();
     IgnoreHeldKeys(application);

@@ -4,8 +4,11 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QHash>
+#include <QImageReader>
 #include <QPalette>
+#include <QPixmap>
 
 namespace {
 
@@ -38,11 +41,47 @@ QPalette paletteOf(const Shades& shades) {
     return palette;
 }
 
+// Says that it is a PNG, for a reader that has to find out loads the decoders of all other kinds.
+QPixmap read(const QString& file) {
+    QImageReader reader(file, "png");
+    reader.setAutoDetectImageFormat(false);
+    return QPixmap::fromImageReader(&reader);
+}
+
+// The picture called name with the modes up to the last. Each is decoded once, for that is a third
+// of opening a screen with many buttons. They are never destroyed: pictures must not outlive the
+// application object.
+QIcon known(const QString& name, QIcon::Mode last) {
+    static auto& icons = *new QHash<std::pair<QString, QIcon::Mode>, QIcon>;
+    const auto file = [&](const char* set) {
+        return QStringLiteral(":/icons/%1/%2.png").arg(QLatin1StringView(set), name);
+    };
+    const QString normal = file(Theme::IsDark() ? "dark" : "light");
+    QIcon& icon = icons[{normal, last}];
+    if (icon.isNull()) {
+        icon.addPixmap(read(normal));
+        if (last == QIcon::Selected)
+            icon.addPixmap(read(file("dark")), QIcon::Selected);
+    }
+    return icon;
+}
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128})
+        icon.addPixmap(read(QStringLiteral(":/icons/app/%1.png").arg(side)));
+    return icon;
+}
+
 } // namespace
 
 // Outside any namespace, as the macro demands; the library would otherwise drop the pictures.
 static void keepIcons() {
     Q_INIT_RESOURCE(icons);
+}
+
+std::jthread Theme::LookForFonts() {
+    return std::jthread([] { QFontDatabase::families(); });
 }
 
 void Theme::Apply(QApplication& application) {
@@ -52,7 +91,7 @@ void Theme::Apply(QApplication& application) {
     application.setPalette(paletteOf(dark ? Dark : Light));
     constexpr int readablePoints = 11;
     application.setFont(QFont(QStringLiteral("Arial"), readablePoints));
-    application.setWindowIcon(ProgramIcon());
+    application.setWindowIcon(programIcon());
 }
 
 bool Theme::IsDark() {
@@ -62,29 +101,9 @@ bool Theme::IsDark() {
 }
 
 QIcon Theme::Icon(const QString& name) {
-    // Each is decoded once, for that is a third of opening a screen with many buttons. They are
-    // never destroyed: pictures must not outlive the application object.
-    static auto& known = *new QHash<QString, QIcon>;
-    const auto file = [&](const char* set) {
-        return QStringLiteral(":/icons/%1/%2.png").arg(QLatin1StringView(set), name);
-    };
-    const QString normal = file(IsDark() ? "dark" : "light");
-    QIcon& icon = known[normal];
-    if (icon.isNull()) {
-        icon.addFile(normal);
-        // A selected row is dark in either palette.
-        icon.addFile(file("dark"), QSize(), QIcon::Selected);
-    }
-    return icon;
+    return known(name, QIcon::Normal);
 }
 
-QIcon Theme::ProgramIcon() {
-    // Another icon of the same files would leave its own pictures in the library's cache.
-    static const auto& icon = *new QIcon([] {
-        QIcon made;
-        for (const int side : {16, 24, 32, 48, 64, 128})
-            made.addFile(QStringLiteral(":/icons/app/%1.png").arg(side), QSize(side, side));
-        return made;
-    }());
-    return icon;
+QIcon Theme::RowIcon(const QString& name) {
+    return known(name, QIcon::Selected);
 }

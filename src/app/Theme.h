@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QString>
 
+#include <thread>
+
 class QApplication;
 
 /// The one look of every screen: colours, spacing, icons. It follows the desktop's choice between
@@ -18,7 +20,11 @@ inline constexpr int Unit = 8;
 inline constexpr int TileIcon = 48;
 inline constexpr int ButtonIcon = 24;
 
-/// Sets style, palette and font. To be called once, before the first screen.
+/// Lets the platform look for its fonts in a thread of its own: that takes as long as all else
+/// that comes before the first screen. Needs the application object, and ends before it does.
+[[nodiscard]] std::jthread LookForFonts();
+
+/// Sets style, palette, font and the icon of the program. To be called once, before the first screen.
 void Apply(QApplication& application);
 
 /// Whether the screens stand light on dark.
@@ -27,7 +33,7 @@ bool IsDark();
 /// A picture of the icon family by its name, such as "add", in the set that suits the palette.
 QIcon Icon(const QString& name);
 
-/// The icon of the program itself.
-QIcon ProgramIcon();
+/// The same for a row of a list, which is dark in either palette while it is selected.
+QIcon RowIcon(const QString& name);
 
 } // namespace Theme

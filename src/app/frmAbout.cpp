@@ -65,7 +65,8 @@ frmAbout::frmAbout(QWidget* parent)
     constexpr int iconSide = 128;
     auto* icon = new QLabel(this);
     icon->setObjectName(QStringLiteral("imgIcon"));
-    icon->setPixmap(Theme::ProgramIcon().pixmap(QSize(iconSide, iconSide), devicePixelRatioF()));
+    icon->setPixmap(
+        QApplication::windowIcon().pixmap(QSize(iconSide, iconSide), devicePixelRatioF()));
 
     auto* rectangle = new QFrame(this);
     rectangle->setFixedHeight(Theme::Unit / 2);

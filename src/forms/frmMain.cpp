@@ -124,10 +124,10 @@ void frmMain::ListRounds(qint32 selectPosition) {
         m_rounds->clear();
         const auto list = RoundDAO().GetRoundList();
         const ObjectList<Round>& rounds = Require(list);
-        const QIcon picture = Theme::Icon(QStringLiteral("round"));
+        const QIcon picture = Theme::RowIcon(QStringLiteral("round"));
         for (qint32 i = 0; i <= rounds.LastIndex(); ++i) {
             const Round& round = *rounds.Item(i);
-            m_rounds->addItem(Theme::Icon(QStringLiteral("round")),
+            m_rounds->addItem(picture,
                               u'[' + QString::number(round.RoundNumber) + QStringLiteral("] ") +
                                   round.RoundName,
                               round.RoundID);

@@ -39,7 +39,7 @@ void showResult(QTreeWidgetItem& row, const Result& result) {
 }
 
 QIcon enteredIcon() {
-    return Theme::Icon(QStringLiteral("entered"));
+    return Theme::RowIcon(QStringLiteral("entered"));
 }
 
 QLabel* label(const QString& name, const QString& caption, QWidget* buddy) {
@@ -143,7 +143,7 @@ void frmResultEntry::fillTeams() {
     m_teams->clear();
     const auto list = TeamDAO().GetTeamList();
     const ObjectList<Team>& teams = Require(list);
-    const QIcon notEntered = Theme::Icon(QStringLiteral("not-entered"));
+    const QIcon notEntered = Theme::RowIcon(QStringLiteral("not-entered"));
     for (qint32 i = 0; i <= teams.LastIndex(); ++i) {
         const Team& team = *teams.Item(i);
         QTreeWidgetItem* row = m_teams->AddRow(
@@ -161,7 +161,7 @@ void frmResultEntry::fillRounds(const QString& roundKey) {
     m_rounds->clear();
     const auto list = RoundDAO().GetRoundList();
     const ObjectList<Round>& rounds = Require(list);
-    const QIcon picture = Theme::Icon(QStringLiteral("round"));
+    const QIcon picture = Theme::RowIcon(QStringLiteral("round"));
     for (qint32 i = 0; i <= rounds.LastIndex(); ++i)
         m_rounds->addItem(picture, rounds.Item(i)->RoundName, rounds.Item(i)->RoundID);
     const int wanted = m_rounds->findData(roundKey);
