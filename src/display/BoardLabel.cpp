@@ -1,7 +1,7 @@
 #include "display/BoardLabel.h"
 
+#include <QLineF>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -82,23 +82,19 @@ void BoardLabel::paintEvent(QPaintEvent*) {
     const QString shown = metrics.elidedText(line(), Qt::ElideRight, box.width());
 
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    const QColor fore = palette().color(QPalette::WindowText);
-    const QColor outline = OutlineColor();
-    if (!outline.isValid()) {
-        painter.setFont(drawn);
-        painter.setPen(fore);
-        painter.drawText(box, static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
-        return;
+    painter.setFont(drawn);
+    const int flags = static_cast<int>(alignment()) | Qt::TextSingleLine;
+    if (const QColor outline = OutlineColor(); outline.isValid()) {
+        // The text around itself: the glyphs are known already, and a drawn contour costs more
+        // than all other lines of a board together.
+        painter.setPen(outline);
+        const double distance = std::max(1.0, metrics.height() / 20.0);
+        const int directions = std::max(8, static_cast<int>(3 * distance));
+        for (int i = 0; i < directions; ++i) {
+            const QLineF shift = QLineF::fromPolar(distance, i * 360.0 / directions);
+            painter.drawText(QRectF(box).translated(shift.p2()), flags, shown);
+        }
     }
-    const double slack = box.width() - metrics.horizontalAdvance(shown);
-    const double left = alignment().testFlag(Qt::AlignRight)     ? slack
-                        : alignment().testFlag(Qt::AlignHCenter) ? slack / 2
-                                                                 : 0;
-    const double baseline = (height() + metrics.ascent() - metrics.descent()) / 2.0;
-    QPainterPath glyphs;
-    glyphs.addText(QPointF(box.left() + left, baseline), drawn, shown);
-    const double stroke = std::max(2.0, metrics.height() / 10.0);
-    painter.strokePath(glyphs, QPen(outline, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.fillPath(glyphs, fore);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(box, flags, shown);
 }
