@@ -6,6 +6,7 @@
 #include "core/Guard.h"
 #include "core/Logging.h"
 #include "core/ProductInfo.h"
+#include "core/SystemInfo.h"
 #include "core/Utilities.h"
 #include "data/DBObject.h"
 #include "forms/frmMain.h"
@@ -53,6 +54,8 @@ int main(int argc, char** argv) {
     if (!console) {
         const QString reason = AppLog().Description().simplified();
         std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));
+        if (!IsStandardErrorRead())
+            App().ShowErrorBox(reason);
         return EXIT_FAILURE;
     }
     return QApplication::exec();

@@ -10,3 +10,7 @@ QString FileVersionOf(const QString& path);
 
 /// The system's own folder, without a separator at the end.
 QString SystemFolder();
+
+/// Whether standard error leads to a terminal, a file or another program. A program that was
+/// started from a menu or by its icon speaks into nothing there, or into the system's journal.
+bool IsStandardErrorRead();

@@ -30,3 +30,8 @@ QString SystemFolder() {
     const UINT length = GetSystemDirectoryW(buffer.data(), static_cast<UINT>(buffer.size()));
     return QString::fromWCharArray(buffer.data(), static_cast<qsizetype>(length));
 }
+
+bool IsStandardErrorRead() {
+    const HANDLE target = GetStdHandle(STD_ERROR_HANDLE);
+    return target != INVALID_HANDLE_VALUE && GetFileType(target) != FILE_TYPE_UNKNOWN;
+}

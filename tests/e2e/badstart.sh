@@ -58,6 +58,17 @@ word_for_number Rankelo.INI CellPadX
 too_big_number  Rankelo.INI Footer
 END
 
+# By its icon, where nobody reads the line: a box says it.
+new_folder by_icon
+missing
+ln -sf /dev/null "$place/stderr"
+start_program
+window "Application Error"
+picture by-icon
+press Return
+ended_with 1
+rm "$place/stderr"
+
 # From a CD or from somebody else's folder, whatever its name: everything can be seen, and what
 # cannot be stored is told.
 new_folder 'Quiz #7 100% ?mode=memory' "$project/scripts/demo.sql"
