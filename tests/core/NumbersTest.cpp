@@ -34,11 +34,17 @@ private slots:
             "2147483647.4|2147483647;2147483647.5|error 6;-2147483648.5|-2147483648;1e999|error 6;"
             "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,000|error 13;"
             "0x10|error 13;inf|error 13;nan(1)|error 13;e5|error 13"_s;
-        for (const QString& c : cases.split(u';'))
-            QCOMPARE(outcome([&] { return ToInt32(QStringView(c.section(u'|', 0, 0))); }),
-                     c.section(u'|', 1));
+        for (const QString& c : cases.split(u';')) {
+            const QString text = c.section(u'|', 0, 0);
+            QCOMPARE(outcome([&] { return ToInt32(QStringView(text)); }), c.section(u'|', 1));
+            // As the field of a row that another program wrote, of any type.
+            for (const QVariant& field : {QVariant(text), QVariant(text.toUtf8())})
+                QCOMPARE(outcome([&] { return ToInt32(field); }), c.section(u'|', 1));
+        }
+        const double notANumber = std::numeric_limits<double>::quiet_NaN();
         QCOMPARE(outcome([] { return ToInt32(QVariant()); }), u"error 94"_s);
-        QCOMPARE(outcome([] { return ToInt32(QVariant(qlonglong(Most) + 1)); }), u"error 6"_s);
+        for (const QVariant& field : {QVariant(qlonglong(Most) + 1), QVariant(notANumber)})
+            QCOMPARE(outcome([&] { return ToInt32(field); }), u"error 6"_s);
     }
 
     void sumsAndProductsNeverWrap() {

@@ -169,22 +169,24 @@ private slots:
             QString mendIt;
             const char* stored; // after a save of "c"
         } cases[] = {
-            {u"mv Rankelo.MDB aside"_s, "1032 53 ", u"mv aside Rankelo.MDB"_s, "ok a c"},
+            {u"mv Rankelo/Rankelo.MDB ."_s, "1032 53 ", u"mv Rankelo.MDB Rankelo"_s, "ok a c"},
+            {u"mv Rankelo stick"_s, "1032 53 ", u"mv stick Rankelo"_s, "ok a c"},
             // A save must not pretend, and none may go to the old file.
-            {u"rm Rankelo.MDB; cp empty Rankelo.MDB"_s, "1032 ok ", u"true"_s, "ok b c"},
-            {u"cp empty Rankelo.MDB"_s, "ok ok ", u"true"_s, "ok b b c"},
-            {u"rm Rankelo.MDB; echo no database >Rankelo.MDB"_s, "1032 26 ",
-             u"cp empty Rankelo.MDB"_s, "ok c"},
+            {u"rm Rankelo/*; cp empty Rankelo/Rankelo.MDB"_s, "1032 ok ", u"true"_s, "ok b c"},
+            {u"cp empty Rankelo/Rankelo.MDB"_s, "ok ok ", u"true"_s, "ok b b c"},
+            {u"rm Rankelo/*; echo no database >Rankelo/Rankelo.MDB"_s, "1032 26 ",
+             u"cp empty Rankelo/Rankelo.MDB"_s, "ok c"},
         };
         for (const auto& c : cases) {
             AppFolder folder;
+            const QString parent = QDir::cleanPath(folder.Path(u".."_s));
             const auto run = [&](const QString& command) {
                 QProcess shell;
-                shell.setWorkingDirectory(folder.Path({}));
+                shell.setWorkingDirectory(parent);
                 shell.start(u"sh"_s, {u"-ec"_s, command});
                 return shell.waitForFinished() && shell.exitCode() == 0;
             };
-            WriteFile(folder.Path(u"empty"_s), EmptyDatabase());
+            WriteFile(parent + u"/empty"_s, EmptyDatabase());
             folder.Open();
             QVERIFY(saveTeam(u"a"_s) && run(c.breakIt));
             QString outcomes;

@@ -26,13 +26,12 @@ private slots:
                 QVERIFY2(TeamDAO().Save(team) != hostile.IsRefused, hostile.What);
                 QVERIFY2(RoundDAO().Save(round) != hostile.IsRefused, hostile.What);
                 QCOMPARE(folder.TakeReports().size(), hostile.IsRefused ? 2 : 0);
-                const auto savedTeam = TeamDAO().GetTeam(team.TeamID);
-                const auto savedRound = RoundDAO().GetRound(round.RoundID);
-                QCOMPARE(!savedTeam && !savedRound, hostile.IsRefused);
-                QVERIFY2(hostile.IsRefused || (savedTeam->TeamName == hostile.Stored &&
-                                               savedRound->RoundName == hostile.Stored &&
-                                               savedRound->MaxScore == round.MaxScore),
-                         hostile.What);
+                if (hostile.IsRefused)
+                    continue;
+                QCOMPARE(TeamDAO().GetTeam(team.TeamID)->TeamName, hostile.Stored);
+                const auto saved = RoundDAO().GetRound(round.RoundID);
+                QCOMPARE(saved->RoundName, hostile.Stored);
+                QCOMPARE(saved->MaxScore, round.MaxScore);
             }
             QCOMPARE(TeamDAO().Delete(team.TeamID), !hostile.IsRefused);
             QCOMPARE(RoundDAO().Delete(round.RoundID), !hostile.IsRefused);
@@ -101,28 +100,6 @@ private slots:
         QVERIFY(count(u"r2"_s, u"t1"_s) == 1 && count(u"r2"_s, u"t2"_s) == 0);
         QVERIFY(dao.Delete(result.ResultID) && !dao.Delete(result.ResultID));
         QVERIFY(count({}, {}) == 3 && folder.TakeReports().isEmpty());
-    }
-
-    void foreignFieldsAreReadOrRefused() {
-        const std::pair<QString, QString> cases[] = {
-            // As the file holds it, and as it is read.
-            {u"-3"_s, u"-3"_s},      {u"2.5"_s, u"2"_s},    {u"' 7 '"_s, u"7"_s},
-            {u"X'3137'"_s, u"17"_s}, {u"NULL"_s, {}},       {u"'12a'"_s, {}},
-            {u"''"_s, {}},           {u"2147483648"_s, {}}, {u"9e999"_s, {}},
-        };
-        AppFolder folder;
-        folder.Open();
-        RunForeign(folder.DatabasePath(), {u"INSERT INTO Rounds VALUES ('r','n',1,1)"_s,
-                                           u"INSERT INTO Results VALUES ('s','r','t',1,1)"_s});
-        for (const auto& [field, value] : cases) {
-            RunForeign(folder.DatabasePath(), {u"UPDATE Rounds SET RoundNumber="_s + field,
-                                               u"UPDATE Results SET Score="_s + field});
-            const auto round = RoundDAO().GetRound(u"r"_s);
-            const auto result = ResultDAO().GetResult(u"s"_s);
-            QCOMPARE(round ? QString::number(round->RoundNumber) : QString(), value);
-            QCOMPARE(result ? QString::number(result->Score) : QString(), value);
-            QCOMPARE(folder.TakeReports().size(), value.isEmpty() ? 2 : 0);
-        }
     }
 };
 
