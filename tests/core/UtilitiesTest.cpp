@@ -59,23 +59,21 @@ private slots:
         AppFolder folder;
         Utilities& utilities = AppUtilities();
         const QString a = folder.Path(u"a"_s);
-        const QString b = folder.Path(u"b %1"_s);
-        const QString sub = folder.Path(u"sub/"_s);
+        const QString sub = folder.Path(u"sub %1/"_s);
         WriteFile(a, "new");
-        WriteFile(b, "older and longer");
-        QVERIFY(utilities.CopyFile(a, b));
-        QCOMPARE(ReadFile(b), "new"_ba);
         QVERIFY(utilities.CreatePath(sub) && utilities.CreatePath(sub));
-        QVERIFY(utilities.MoveFile(b, sub + u'b') && !utilities.FileExists(b));
+        WriteFile(sub + u'b', "older and longer");
+        QVERIFY(utilities.CopyFile(a, sub + u'b') && utilities.MoveFile(sub + u'b', sub + u'c'));
+        QVERIFY(ReadFile(sub + u'c') == "new" && !utilities.FileExists(sub + u'b'));
         QVERIFY(utilities.FolderDelete(sub) && !utilities.DirectoryExists(sub));
         QVERIFY(!utilities.FileDelete(u" "_s) && !utilities.FolderDelete({}));
         QCOMPARE(folder.TakeReports(), QStringList());
 
-        QVERIFY(!utilities.CopyFile(b, a) && !utilities.CopyFile(a, a));
+        QVERIFY(!utilities.CopyFile(sub, a) && !utilities.CopyFile(a, a));
         QVERIFY(!utilities.CopyFile(a, sub) && !utilities.MoveFile(folder.DatabasePath(), a));
         QCOMPARE(folder.TakeReports().size(), 4);
-        QCOMPARE(ReadFile(a), "new"_ba);
         QCOMPARE(folder.Files(), (QStringList{u"Rankelo.MDB"_s, u"a"_s}));
+        QCOMPARE(ReadFile(a), "new"_ba);
     }
 };
 

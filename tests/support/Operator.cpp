@@ -100,6 +100,7 @@ ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int k
         QVERIFY2(box, qPrintable(dialog.objectName()));
         QCOMPARE(box->windowTitle(), title);
         QCOMPARE(box->text(), text);
+        QCOMPARE(box->textFormat(), Qt::PlainText); // a team may be called "<b>Bold</b>"
         Press(key, modifiers);
         QVERIFY2(!box->isVisible(), "the key closes the box");
     };
