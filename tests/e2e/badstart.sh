@@ -3,41 +3,30 @@
 # with exit status 1, and leaves the folder as it was, byte for byte. And one that must.
 source "$(dirname "$0")/../../scripts/stage/driver.sh"
 
-begin badstart
-open_display 1280x720
-
-missing()   { rm "$folder/Rankelo.MDB"; }
-empty()     { : >"$folder/Rankelo.MDB"; }
-foreign()   { echo "Dear quiz master, these are the teams: ..." >"$folder/Rankelo.MDB"; }
-no_column() { sqlite3 "$folder/Rankelo.MDB" "ALTER TABLE Rounds DROP COLUMN MaxScore"; }
-damaged() { # the pages behind the first one hold noise
-    printf 'This is not a page. %.0s' {1..820} |
-        dd of="$folder/Rankelo.MDB" bs=4096 seek=1 conv=notrunc status=none
-}
-is_folder() { rm "$folder/Rankelo.MDB"; mkdir "$folder/Rankelo.MDB"; }
-word_for_number() { printf '[Application]\nFontSize=32\nCellPadX=wide\n' >"$folder/Rankelo.INI"; }
-too_big_number()  { printf '[Application]\nFooter=99999999999\n' >"$folder/Rankelo.INI"; }
-locked() {
-    mkfifo "$place/statements"
-    sqlite3 "$folder/Rankelo.MDB" <"$place/statements" >"$place/answers" &
-    locker=$!
-    exec {to_locker}>"$place/statements"
-    echo "BEGIN EXCLUSIVE; SELECT 'locked';" >&"$to_locker"
-    within_patience "the lock" grep -q locked "$place/answers"
-}
-after_locked() {
-    exec {to_locker}>&-
-    wait "$locker"
-}
-
 contents() {
     (cd "$1" && find . -type f -exec sha256sum {} + | sort && find . ! -type f | sort)
 }
 
-# One broken start a line: what breaks it, the file to be named, a word of the reason.
-while read -r breakage file reason; do
-    new_folder "$breakage" "$project/scripts/demo.sql"
-    "$breakage"
+damage() { # the pages behind the first one hold noise
+    printf 'This is not a page. %.0s' {1..820} |
+        dd of=Rankelo.MDB bs=4096 seek=1 conv=notrunc status=none
+}
+
+lock() { # until the end
+    coproc sqlite3 Rankelo.MDB
+    echo "BEGIN EXCLUSIVE; SELECT 'locked';" >&"${COPROC[1]}"
+    read -r <&"${COPROC[0]}"
+}
+
+begin badstart
+open_display 1280x720
+
+# One broken start a line: the file to be named, the reason, and what breaks it.
+starts=0
+while read -r file reason breakage; do
+    new_folder $((++starts)) "$project/scripts/demo.sql"
+    cd "$folder"
+    eval "$breakage"
     before=$(contents "$folder")
     start_program
     ended_with 1
@@ -45,17 +34,16 @@ while read -r breakage file reason; do
     said=$(<"$place/stderr")
     [[ $(wc -l <"$place/stderr") == 1 && $said =~ $folder/$file.*($reason) ]] ||
         fail "$breakage: the program said \"$said\" instead of one line about $file: $reason"
-    [[ $(type -t "after_$breakage") != function ]] || "after_$breakage"
 done <<'END'
-missing         Rankelo.MDB not found
-empty           Rankelo.MDB empty|table
-foreign         Rankelo.MDB not a quiz database
-no_column       Rankelo.MDB MaxScore
-damaged         Rankelo.MDB damaged|malformed
-is_folder       Rankelo.MDB not found|folder
-locked          Rankelo.MDB another program holds
-word_for_number Rankelo.INI CellPadX
-too_big_number  Rankelo.INI Footer
+Rankelo.MDB not.found rm Rankelo.MDB
+Rankelo.MDB not.found|folder rm Rankelo.MDB && mkdir Rankelo.MDB
+Rankelo.MDB empty|table : >Rankelo.MDB
+Rankelo.MDB not.a.quiz.database echo "Dear quiz master, these are the teams: ..." >Rankelo.MDB
+Rankelo.MDB MaxScore sqlite3 Rankelo.MDB "ALTER TABLE Rounds DROP COLUMN MaxScore"
+Rankelo.MDB damaged|malformed damage
+Rankelo.MDB another.program.holds lock
+Rankelo.INI CellPadX printf '[Application]\nFontSize=32\nCellPadX=wide\n' >Rankelo.INI
+Rankelo.INI Footer printf '[Application]\nFooter=99999999999\n' >Rankelo.INI
 END
 
 # By its icon, where nobody reads the line: a box says it.
@@ -85,7 +73,6 @@ window "Team Entry"
 enter_text "Latecomers"
 press Return
 window "Rankelo Error"
-picture read-only
 press Return
 window "Team Entry"
 press Escape F8

@@ -59,10 +59,6 @@ add_round "Food & Drink"
 picture rounds
 press Escape
 window "$console"
-stored "SELECT RoundNumber, RoundName, MaxScore FROM Rounds ORDER BY RoundNumber" \
-    "1|Around the World|0
-2|Name That Tune|0
-3|Food & Drink|0"
 
 press F3
 window "Team Entry"
@@ -112,18 +108,13 @@ window "Rankelo Results"
 below="$black $pair_b $black $pair_a $black"
 shows $edge "$below"
 picture board-podium-hidden
-press 4
-press 3
-below="$black $third $black $third $below"
-shows $edge "$below"
-picture board-third
-press 2
-below="$black $second $below"
-shows $edge "$below"
-picture board-second
-press 1
-shows $edge "$black $first $below"
-picture board-winner
+press 4 # means nothing
+for revealed in "3 $black $third $black $third" "2 $black $second" "1 $black $first"; do
+    press "${revealed%% *}"
+    below="${revealed#* } $below"
+    shows $edge "$below"
+    picture "board-from-${revealed%% *}"
+done
 # The jokers' cards have a white frame. Three stand on the podium; the one of Last Orders does not
 # show, for a joker comes with the reveal of its line.
 (($(colours_down 1147 | grep -o '#FFFFFF' | wc -l) == 3)) || fail "not three jokers on the podium"

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "display/frmSummary.h"
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
+#include <QApplication>
 #include <QTreeWidget>
 
 /// A small quiz under way: three teams, three rounds, two scores in the first of them.
-class Evening : public AppFolder {
-public:
+struct Evening : AppFolder {
     Evening() {
         RunForeign(DatabasePath(),
                    {"INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),('T3','Cats')",
@@ -16,14 +17,19 @@ public:
                     "INSERT INTO Results VALUES ('X1','R1','T1',8,0),('X2','R1','T2',7,1)"});
         Open();
     }
+    ~Evening() { qDeleteAll(Boards()); }
 
     /// The first column of a query's rows, as another program sees them, joined by "|".
     QString Stored(const QString& query) const {
         return RunForeign(DatabasePath(), {query}).join(u'|');
     }
-    /// Gives a table another name, so that every statement on it fails meanwhile.
-    void Rename(const QString& table, const QString& name) const {
-        RunForeign(DatabasePath(), {"ALTER TABLE " + table + " RENAME TO " + name});
+    /// The boards that are open.
+    static QList<frmSummary*> Boards() {
+        QList<frmSummary*> boards;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* board = qobject_cast<frmSummary*>(window))
+                boards.append(board);
+        return boards;
     }
 };
 
@@ -43,10 +49,15 @@ template <typename Screen>
 struct Opened : Evening {
     Opened() { ShowScreen(*screen); }
 
-    QString Rows() const { return ::Rows(list); }
-    template <typename T>
+    template <typename T = QWidget>
     T& Get(const char* name) const {
         return Control<T>(*screen, name);
+    }
+    /// Selects a row, unless it is -1, and clicks on a button.
+    void PressFor(int row, const char* button) const {
+        if (row >= 0)
+            ClickRow(list, row);
+        Click(Get(button));
     }
 
     std::unique_ptr<Screen> screen = Filled<Screen>();

@@ -1,5 +1,4 @@
 #include "Evening.h"
-#include "display/frmSummary.h"
 #include "forms/frmMain.h"
 #include "forms/frmResultEntry.h"
 #include "forms/frmRoundEntry.h"
@@ -54,11 +53,8 @@ private slots:
             modForms::ViewResults(modForms::RoundInWindow, 0, "R1");
             QVERIFY2(answers.AllGiven(), name.What);
             modForms::ViewResults(modForms::RoundOnBoard, 0, "R1");
-            for (QWidget* window : QApplication::topLevelWidgets())
-                if (auto* board = qobject_cast<frmSummary*>(window)) {
-                    texts += textsOf(*board);
-                    delete board;
-                }
+            QCOMPARE(Evening::Boards().size(), 1);
+            texts += textsOf(*Evening::Boards().first());
             for (const QString& text : {"[1] " + stored, stored, "1 " + stored, stored + " 8 N X1",
                                         "1 " + stored + " 8 ", stored + " Results"})
                 QVERIFY2(texts.contains(text), qPrintable(name.What + (u' ' + text)));
