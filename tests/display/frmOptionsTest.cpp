@@ -13,10 +13,10 @@
 
 namespace {
 
-// Fills the boxes and saves.
-void save(const QWidget& screen, std::initializer_list<std::pair<const char*, const char*>> texts) {
-    for (const auto& [box, text] : texts)
-        Control<QLineEdit>(screen, box).setText(text);
+// Fills boxes, given as "name=text", and saves.
+void save(const QWidget& screen, const QString& boxes) {
+    for (const QString& box : boxes.split(u' '))
+        Control<QLineEdit>(screen, box.section(u'=', 0, 0)).setText(box.section(u'=', 1));
     Click(Control<QAbstractButton>(screen, "cmdSave"));
 }
 
@@ -54,12 +54,8 @@ private slots:
             }
         Control<QComboBox>(screen, "cboDisplayFont").setEditText("Party");
         Control<QComboBox>(screen, "cboDisplaySize").setCurrentText("70");
-        save(screen, {{"txtCellPadX", "1"},
-                      {"txtCellPadY", " 2.5 "},
-                      {"txtLMargin", "-3"},
-                      {"txtRMargin", "4e0"},
-                      {"txtCellWidth", "0"},
-                      {"txtFooter", "600"}});
+        save(screen, "txtCellPadX=1 txtCellPadY=2.5 txtLMargin=-3 txtRMargin=4e0 txtCellWidth=0 "
+                     "txtFooter=600");
         QCOMPARE(folder.TakeReports(), QStringList());
         QCOMPARE(QString(ReadFile(folder.IniPath())).simplified(),
                  "[Application] FontName=Party FontSize=70 DebugMode=1 BackGround=3 FColorA=256 "
@@ -81,14 +77,14 @@ private slots:
         App().DebugMode = "1";
         frmOptions screen;
         ShowScreen(screen);
-        save(screen, {{"txtLMargin", "1"}, {"txtCellWidth", "99999999999"}});
+        save(screen, "txtLMargin=1 txtCellWidth=99999999999");
         QCOMPARE(folder.TakeReports(),
                  QStringList("9700 : [6] Overflow [cmdSave_Click/frmOptions]"));
         QVERIFY(screen.isVisible());
         QCOMPARE(App().LeftMargin, 200);
         QCOMPARE(ReadFile(folder.IniPath()), before);
 
-        save(screen, {{"txtLMargin", "250"}, {"txtCellWidth", "abc"}, {"txtFooter", "abc"}});
+        save(screen, "txtLMargin=250 txtCellWidth=abc txtFooter=abc");
         QVERIFY(!screen.isVisible());
         const QByteArray saved = ReadFile(folder.IniPath());
         for (const char* line : {"; our hall", "Footer=720", "FontName=No Such Font",

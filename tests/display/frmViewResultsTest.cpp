@@ -74,19 +74,6 @@ private slots:
                  QStringList("9700 : [57] There is no printer [cmdPrint_Click/frmViewResults]"));
     }
 
-    // Eighty columns. A name too long pushes the score one column on.
-    void writesEveryLine() {
-        QStringList text;
-        for (const ResultsPage::Line& line :
-             ResultsPage::Lines("Music", {{"1", "Ants", "56"}, {"10", QString(61, u'W'), "-7"}}))
-            text.append(line.join(QString()));
-        QCOMPARE(text, (QStringList{QString("Music").leftJustified(80), "",
-                                    QString("Position  Team Name").leftJustified(70) + "Total     ",
-                                    QString(80, u'-'), "",
-                                    QString("1         Ants").leftJustified(70) + "56        ",
-                                    "10        " + QString(60, u'W') + " -7        "}));
-    }
-
     // Three pages of teams, also with names that a fixed pitch font has no letters for, after the
     // widest line: a name too long before a score of eleven characters.
     void staysATableOnEveryPaper() {

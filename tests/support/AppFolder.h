@@ -13,8 +13,7 @@ public:
     /// `name` is the folder's own name, to try awkward ones.
     explicit AppFolder(const QString& name = "Rankelo");
     ~AppFolder();
-    AppFolder(const AppFolder&) = delete;
-    AppFolder& operator=(const AppFolder&) = delete;
+    Q_DISABLE_COPY(AppFolder)
 
     /// The full path of a file in the folder.
     QString Path(const QString& file) const;
@@ -50,10 +49,8 @@ QStringList RunForeign(const QString& path, const QStringList& statements,
                        const QVariant& value = {});
 
 /// Holds the database file as another program would: nobody else can read or write it.
-class ForeignLock {
-public:
+struct ForeignLock {
     explicit ForeignLock(const QString& path);
     ~ForeignLock();
-    ForeignLock(const ForeignLock&) = delete;
-    ForeignLock& operator=(const ForeignLock&) = delete;
+    Q_DISABLE_COPY(ForeignLock)
 };
