@@ -48,7 +48,7 @@ END
 
 # By its icon, where nobody reads the line: a box says it.
 new_folder by_icon
-missing
+rm "$folder/Rankelo.MDB"
 ln -sf /dev/null "$place/stderr"
 start_program
 window "Application Error"
