@@ -24,7 +24,8 @@ inline constexpr int ButtonIcon = 24;
 /// that comes before the first screen. Needs the application object, and ends before it does.
 [[nodiscard]] std::jthread LookForFonts();
 
-/// Sets style, palette, font and the icon of the program. To be called once, before the first screen.
+/// Sets style, palette, font and the icon of the program. To be called once, before the first
+/// screen.
 void Apply(QApplication& application);
 
 /// Whether the screens stand light on dark.
