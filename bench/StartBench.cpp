@@ -14,6 +14,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QWindow>
 
 #include <cstdio>
@@ -51,10 +52,13 @@ struct Cost {
     double memory = std::numeric_limits<double>::max();    // bytes at the most
 };
 
-void start(const QString& what, Cost& least) {
+void start(const QString& what, const QString& platform, Cost& least) {
+    QProcess child;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
+    child.setProcessEnvironment(environment);
     QElapsedTimer timer;
     timer.start();
-    QProcess child;
     child.start(QApplication::applicationFilePath(), {what});
     if (!child.waitForFinished() || child.exitCode() != 0)
         qFatal("%s did not start", qPrintable(what));
@@ -64,28 +68,33 @@ void start(const QString& what, Cost& least) {
     least.processor = std::min(least.processor, words.value(1).toDouble() * 1000);
 }
 
-} // namespace
-
-void BenchStart() {
-    constexpr int rounds = 30;
-    const AppFolder folder;
-    qputenv("RANKELO_BENCH_FOLDER", App().AppPath.toUtf8());
+void benchStartOn(const QString& platform, const QString& where) {
+    constexpr int rounds = 40;
     Cost console;
     Cost empty;
     Cost word;
     for (int i = 0; i < rounds; ++i) {
-        start(QStringLiteral("console"), console);
-        start(QStringLiteral("empty-window"), empty);
-        start(QStringLiteral("word-window"), word);
+        start(QStringLiteral("console"), platform, console);
+        start(QStringLiteral("empty-window"), platform, empty);
+        start(QStringLiteral("word-window"), platform, word);
     }
-    PrintRow(QStringLiteral("start to the painted console, an empty window"),
+    PrintRow(QStringLiteral("start to the console %1, an empty window").arg(where),
              {console.time, empty.time}, 1, 1.5);
-    PrintRow(QStringLiteral("start to the painted console, a window with one word"),
+    PrintRow(QStringLiteral("start to the console %1, one word").arg(where),
              {console.time, word.time}, 1, 1.5);
-    PrintRow(QStringLiteral("  processor time, a window with one word"),
-             {console.processor, word.processor}, 1, 0);
+    PrintRow(QStringLiteral("  processor time, an empty window"),
+             {console.processor, empty.processor}, 1, 0);
     PrintRow(QStringLiteral("  memory in kB, an empty window"), {console.memory, empty.memory},
              1.024, 1.6);
+}
+
+} // namespace
+
+void BenchStart() {
+    const AppFolder folder;
+    qputenv("RANKELO_BENCH_FOLDER", App().AppPath.toUtf8());
+    benchStartOn(QStringLiteral("xcb"), QStringLiteral("on a display"));
+    benchStartOn(qEnvironmentVariable("QT_QPA_PLATFORM"), QStringLiteral("without one"));
 }
 
 bool RunStartOnce(const QString& operation) {
