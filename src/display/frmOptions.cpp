@@ -204,7 +204,7 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
 }
 
 QWidget* frmOptions::makeButton(const char* name, const QString& icon, const QString& toolTip,
-                                std::function<void()> action) {
+                                const std::function<void()>& action) {
     auto* button = new PictureButton(QLatin1StringView(name), icon, toolTip);
     const QByteArray procedure = QByteArray(name) + "_Click";
     connect(button, &PictureButton::clicked, this,

@@ -54,7 +54,7 @@ private:
     void addColour(QGridLayout& layout, int row, const ColourRow& colour);
     void addNumber(QGridLayout& layout, int row, int column, const NumberRow& number);
     QWidget* makeButton(const char* name, const QString& icon, const QString& toolTip,
-                        std::function<void()> action);
+                        const std::function<void()>& action);
 
     void load();
     void chooseColour(QLabel& swatch);

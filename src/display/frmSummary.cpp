@@ -114,12 +114,13 @@ void frmSummary::KeepTextLeftOf(const QString& label, const QString& picture) {
 
 bool frmSummary::SetLineVisible(qint32 position) {
     return Guarded("SetLineVisible", "frmSummary", false, [&] {
-        for (auto control = m_controls.crbegin(); control != m_controls.crend(); ++control) {
-            if (!(*control)->objectName().startsWith(QStringLiteral("lblLabel")))
+        for (qsizetype i = m_controls.size() - 1; i >= 0; --i) {
+            QWidget* control = m_controls[i];
+            if (!control->objectName().startsWith(QStringLiteral("lblLabel")))
                 continue;
-            const auto tag = ParseNumber((*control)->property(TagProperty).toString());
+            const auto tag = ParseNumber(control->property(TagProperty).toString());
             if (tag && *tag == position)
-                (*control)->setVisible(true);
+                control->setVisible(true);
         }
         return true;
     });

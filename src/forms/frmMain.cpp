@@ -216,13 +216,11 @@ void frmMain::askToExit() {
 }
 
 bool frmMain::onKey(int key) {
-    for (const Key& known : Keys) {
-        if (known.code == key) {
-            RunCommand(known.command);
-            return true;
-        }
-    }
-    return false;
+    const auto* known = std::ranges::find(Keys, key, &Key::code);
+    if (known == std::end(Keys))
+        return false;
+    RunCommand(known->command);
+    return true;
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -28,8 +28,8 @@ private slots:
 
     // In pixels, 15 twips each.
     void placesElements() {
-        QCOMPARE(placesOf({1920, 1080}, {1}, ""),
-                 "13 94 124 47|140 94 1646 47|1739 94 47 47|1788 94 124 47");
+        QCOMPARE(placesOf({1200, 700}, {1}, ""),
+                 "13 94 72 47|88 94 1029 47|1070 94 47 47|1120 94 72 47");
         // A line is 412.5 twips high, a position box 7312.5 wide: both go to the even number.
         QCOMPARE(placesOf({1003, 300}, {1},
                           "FontSize=18.75 LeftMargin=0 RightMargin=210 CellPadX=0 LabelWidth=1"),
