@@ -97,7 +97,7 @@ void BenchStart() {
     benchStartOn(qEnvironmentVariable("QT_QPA_PLATFORM"), QStringLiteral("without one"));
 }
 
-bool RunStartOnce(const QString& operation) {
+bool RunStartOnce(const QString& operation, std::jthread& fonts) {
     PaintedWatch watch(nullptr);
     qApp->installEventFilter(&watch);
     if (operation == u"empty-window" || operation == u"word-window") {
@@ -109,13 +109,13 @@ bool RunStartOnce(const QString& operation) {
     if (operation == u"console") { // everything that Main does but the splash screen's two seconds
         App().TempPath = AppUtilities().ReturnTempPath();
         App().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
-        const std::jthread fonts = Theme::LookForFonts();
         Theme::Apply(*qApp);
         ConnectDesktop();
         IgnoreHeldKeys(*qApp);
         if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
             return false;
         frmMain window;
+        fonts = {};
         window.show();
         QApplication::exec();
     }

@@ -1,4 +1,5 @@
 #include "app/Desktop.h"
+#include "app/FontSearch.h"
 #include "app/HeldKeys.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
@@ -23,34 +24,36 @@ namespace {
 
 /// The start-up order. Gives the console, or nothing when the settings or the database cannot be
 /// had; the reason is then the log's last message.
-std::unique_ptr<frmMain> Main() {
-    return Guarded("Main", "modMain", std::unique_ptr<frmMain>(), []() -> std::unique_ptr<frmMain> {
-        App().TempPath = AppUtilities().ReturnTempPath();
-        App().AppPath = ApplicationFolder();
-        if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
-            return nullptr;
-        modForms::ShowSplash();
-        auto console = std::make_unique<frmMain>();
-        console->show();
-        return console;
-    });
+std::unique_ptr<frmMain> Main(std::jthread& fonts) {
+    return Guarded(
+        "Main", "modMain", std::unique_ptr<frmMain>(), [&]() -> std::unique_ptr<frmMain> {
+            App().TempPath = AppUtilities().ReturnTempPath();
+            App().AppPath = ApplicationFolder();
+            if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
+                return nullptr;
+            fonts = {}; // ends the search
+            modForms::ShowSplash();
+            auto console = std::make_unique<frmMain>();
+            console->show();
+            return console;
+        });
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    std::jthread fonts = LookForFonts();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(ProductInfo::Name));
     QApplication::setApplicationVersion(QString::fromLatin1(ProductInfo::Version));
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.rankelo.Rankelo"));
     // Only the exit command ends the program, not the last window that closes.
     QApplication::setQuitOnLastWindowClosed(false);
-    const std::jthread fonts = Theme::LookForFonts();
     Theme::Apply(application);
     ConnectDesktop();
     IgnoreHeldKeys(application);
 
-    const std::unique_ptr<frmMain> console = Main();
+    const std::unique_ptr<frmMain> console = Main(fonts);
     if (!console) {
         const QString reason = AppLog().Description().simplified();
         std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));

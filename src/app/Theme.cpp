@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QFontDatabase>
 #include <QHash>
 #include <QImageReader>
 #include <QPalette>
@@ -78,10 +77,6 @@ QIcon programIcon() {
 // Outside any namespace, as the macro demands; the library would otherwise drop the pictures.
 static void keepIcons() {
     Q_INIT_RESOURCE(icons);
-}
-
-std::jthread Theme::LookForFonts() {
-    return std::jthread([] { QFontDatabase::families(); });
 }
 
 void Theme::Apply(QApplication& application) {

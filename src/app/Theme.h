@@ -4,8 +4,6 @@
 #include <QIcon>
 #include <QString>
 
-#include <thread>
-
 class QApplication;
 
 /// The one look of every screen: colours, spacing, icons. It follows the desktop's choice between
@@ -19,10 +17,6 @@ inline constexpr int Unit = 8;
 /// Sides of button and row pictures in device-independent pixels.
 inline constexpr int TileIcon = 48;
 inline constexpr int ButtonIcon = 24;
-
-/// Lets the platform look for its fonts in a thread of its own: that takes as long as all else
-/// that comes before the first screen. Needs the application object, and ends before it does.
-[[nodiscard]] std::jthread LookForFonts();
 
 /// Sets style, palette, font and the icon of the program. To be called once, before the first
 /// screen.

@@ -1,0 +1,7 @@
+#include "app/FontSearch.h"
+
+#include <fontconfig/fontconfig.h>
+
+std::jthread LookForFonts() {
+    return std::jthread([] { FcInit(); });
+}
