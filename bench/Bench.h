@@ -1,43 +1,74 @@
 #pragma once
 
+#include "core/AppValues.h"
+#include "support/AppFolder.h"
+
 #include <QElapsedTimer>
+#include <QList>
 #include <QString>
 
-#include <algorithm>
 #include <ctime>
-#include <limits>
 #include <thread>
 
 /// Nanoseconds that something of ours and its bare counterpart took.
 struct Pair {
-    double ours = std::numeric_limits<double>::max();
-    double bare = std::numeric_limits<double>::max();
+    double ours;
+    double bare;
 };
 
 /// What is measured: the time on the wall where a disk takes part, otherwise the processor's, which
 /// other programs on the machine disturb less.
 enum class Clock { Wall, Processor };
 
-/// Times two actions in turn, so that both see the same machine, and keeps the shortest of each:
-/// what disturbs a machine only ever makes it slower.
+/// Nanoseconds that an action takes.
+template <typename Action>
+double Time(Clock clock, Action&& action) {
+    QElapsedTimer timer;
+    timer.start();
+    const std::clock_t start = std::clock();
+    action();
+    constexpr double nanoseconds = 1e9;
+    return clock == Clock::Wall
+               ? static_cast<double>(timer.nsecsElapsed())
+               : static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC * nanoseconds;
+}
+
+/// The pair whose ratio is the middle one: what disturbs the machine for a while disturbs both
+/// times of a pair, and what disturbs only one of them makes its ratio an outer one.
+Pair Middle(QList<Pair> pairs);
+
+/// Times two actions in turn, so many rounds.
 template <typename Ours, typename Bare>
 Pair Compare(Clock clock, int rounds, Ours&& ours, Bare&& bare) {
-    const auto time = [clock](auto&& action) {
-        QElapsedTimer timer;
-        timer.start();
-        const std::clock_t start = std::clock();
-        action();
-        constexpr double nanoseconds = 1e9;
-        return clock == Clock::Wall
-                   ? static_cast<double>(timer.nsecsElapsed())
-                   : static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC * nanoseconds;
+    QList<Pair> pairs;
+    for (int i = 0; i < rounds; ++i)
+        pairs.append({Time(clock, ours), Time(clock, bare)});
+    return Middle(pairs);
+}
+
+/// An application folder and how many teams are in it.
+struct Hall {
+    const AppFolder& folder;
+    int teams;
+};
+
+/// Times an action in a large hall, and in a small one as often as it takes to do it for as many
+/// teams: what disturbs the machine hits a long measurement more often than a short one.
+template <typename Action>
+Pair CompareHalls(const Hall& large, const Hall& small, int rounds, Action&& action) {
+    const auto time = [&](const Hall& hall) {
+        App().AppPath = hall.folder.Path(QString());
+        hall.folder.Open();
+        action(); // reads the file
+        return Time(Clock::Processor, [&] {
+            for (int done = 0; done < large.teams; done += hall.teams)
+                action();
+        });
     };
-    Pair pair;
-    for (int i = 0; i < rounds; ++i) {
-        pair.ours = std::min(pair.ours, time(ours));
-        pair.bare = std::min(pair.bare, time(bare));
-    }
-    return pair;
+    QList<Pair> pairs;
+    for (int i = 0; i < rounds; ++i)
+        pairs.append({time(large), time(small)});
+    return Middle(pairs);
 }
 
 /// Prints one line of the table: both times in microseconds for each of `count` operations, their

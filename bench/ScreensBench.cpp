@@ -40,9 +40,7 @@ void openStandings() {
     showIt(screen);
 }
 
-// The shortest time that it takes to open a screen, for each team.
-double timePerTeam(int teams, void (*open)()) {
-    const AppFolder folder;
+void fill(const AppFolder& folder, int teams) {
     RunForeign(folder.DatabasePath(),
                {QStringLiteral("INSERT INTO Rounds VALUES ('r1','Round',1,20)"),
                 QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n "
@@ -50,8 +48,6 @@ double timePerTeam(int teams, void (*open)()) {
                     .arg(teams),
                 QStringLiteral("INSERT INTO Results SELECT 's'||TeamID,'r1',TeamID,7,0 "
                                "FROM Teams")});
-    folder.Open();
-    return Compare(Clock::Processor, 5, open, [] {}).ours / teams;
 }
 
 } // namespace
@@ -63,10 +59,14 @@ void BenchScreens() {
     } screens[] = {{"team entry", openTeams},
                    {"result entry", openResults},
                    {"standings in a window", openStandings}};
+    const AppFolder smallHall;
+    const AppFolder largeHall;
+    fill(smallHall, Few);
+    fill(largeHall, Many);
     for (const auto& screen : screens)
         PrintRow(QStringLiteral("%1, one team among %2, among %3")
                      .arg(QLatin1StringView(screen.what))
                      .arg(Many)
                      .arg(Few),
-                 {timePerTeam(Many, screen.open), timePerTeam(Few, screen.open)}, 1, 1.5);
+                 CompareHalls({largeHall, Many}, {smallHall, Few}, 20, screen.open), Many, 1.5);
 }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
 
@@ -20,8 +21,16 @@ void PrintRow(const QString& what, const Pair& pair, double count, double limit)
     std::fflush(stdout);
 }
 
+Pair Middle(QList<Pair> pairs) {
+    const auto middle = pairs.begin() + pairs.size() / 2;
+    std::nth_element(pairs.begin(), middle, pairs.end(), [](const Pair& a, const Pair& b) {
+        return a.ours / a.bare < b.ours / b.bare;
+    });
+    return *middle;
+}
+
 bool RunOnce(const QString& operation, std::jthread& fonts) {
-    return RunStartOnce(operation, fonts) || RunDataOnce(operation) || RunBoardOnce(operation);
+    return RunStartOnce(operation, fonts) || RunBoardOnce(operation) || RunDataOnce(operation);
 }
 
 int main(int argc, char** argv) {

@@ -3,8 +3,6 @@
 #include "core/RuntimeError.h"
 #include "data/DatabaseError.h"
 
-#include <QSqlRecord>
-
 RecordSet::RecordSet(QSqlQuery query)
     : m_query(std::move(query)) {
     MoveNext();
@@ -16,15 +14,12 @@ void RecordSet::MoveNext() {
         throw DatabaseError(m_query.lastError());
 }
 
-QVariant RecordSet::Field(const char* name) const {
-    if (m_names.isEmpty()) {
-        const QSqlRecord record = m_query.record();
-        for (int position = 0; position < record.count(); ++position)
-            m_names.append(record.fieldName(position).toLatin1());
-    }
-    for (int position = 0; position < m_names.size(); ++position)
-        if (qstricmp(m_names[position].constData(), name) == 0)
-            return m_query.value(position);
+int RecordSet::Position(const char* name) const {
+    if (m_fields.isEmpty())
+        m_fields = m_query.record();
+    const int position = m_fields.indexOf(QString::fromLatin1(name));
+    if (position >= 0)
+        return position;
     constexpr qint32 noSuchItem = 3265;
     throw RuntimeError(noSuchItem,
                        QStringLiteral("The query gives no field %1").arg(QLatin1StringView(name)));

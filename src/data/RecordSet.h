@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QByteArrayList>
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QString>
 #include <QVariant>
 
@@ -15,12 +15,16 @@ public:
     bool EndOfFile() const { return m_endOfFile; }
     void MoveNext();
 
-    /// A field of the current row. Throws error 3265 for a name that the query does not give.
-    QVariant Field(const char* name) const;
+    /// Where a field stands in every row. Throws error 3265 for a name that the query does not
+    /// give.
+    int Position(const char* name) const;
+
+    /// A field of the current row. A list of many rows asks for the positions once.
+    QVariant Field(const char* name) const { return Field(Position(name)); }
     QVariant Field(int position) const { return m_query.value(position); }
 
 private:
     QSqlQuery m_query;
-    mutable QByteArrayList m_names; ///< of the fields; filled when one is first asked for by name
+    mutable QSqlRecord m_fields; ///< filled when one is first asked for by name
     bool m_endOfFile = false;
 };

@@ -28,12 +28,18 @@ std::unique_ptr<ObjectList<Result>> ResultDAO::GetResultList(const QString& roun
         DBObject& database = AppDatabase();
         const auto rows = database.GetRecordSet(QStringLiteral("SELECT * FROM Results") +
                                                 filterFor(roundKey, teamKey));
+        RecordSet& row = Require(rows);
+        const int key = row.Position("ResultID");
+        const int round = row.Position("RoundID");
+        const int team = row.Position("TeamID");
+        const int score = row.Position("Score");
+        const int joker = row.Position("Joker");
         auto list = std::make_unique<ObjectList<Result>>();
-        for (RecordSet& row = Require(rows); !row.EndOfFile(); row.MoveNext())
+        for (; !row.EndOfFile(); row.MoveNext())
             list->Add(std::make_shared<Result>(
-                database.SetField(row.Field("ResultID")), database.SetField(row.Field("RoundID")),
-                database.SetField(row.Field("TeamID")), ToInt32(row.Field("Score")),
-                ToInt32(row.Field("Joker"))));
+                database.SetField(row.Field(key)), database.SetField(row.Field(round)),
+                database.SetField(row.Field(team)), ToInt32(row.Field(score)),
+                ToInt32(row.Field(joker))));
         return list;
     });
 }
