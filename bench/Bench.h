@@ -82,8 +82,8 @@ void BenchScreens();
 void BenchStart();
 
 /// One operation for a tool that counts instructions; false for an unknown name.
-bool RunOnce(const QString& operation, std::jthread& fonts);
+bool RunOnce(const QString& operation, std::jthread& search);
 bool RunDataOnce(const QString& operation);
 bool RunBoardOnce(const QString& operation);
 /// Ends the process when the window has been painted. The search for fonts has begun.
-bool RunStartOnce(const QString& operation, std::jthread& fonts);
+bool RunStartOnce(const QString& operation, std::jthread& search);

@@ -1,6 +1,7 @@
 #include "Bench.h"
 
 #include "app/Desktop.h"
+#include "app/FontSearch.h"
 #include "app/HeldKeys.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
@@ -109,7 +110,7 @@ void BenchStart() {
     benchStartOn(qEnvironmentVariable("QT_QPA_PLATFORM"), QStringLiteral("without one"), 0);
 }
 
-bool RunStartOnce(const QString& operation, std::jthread& fonts) {
+bool RunStartOnce(const QString& operation, std::jthread& search) {
     PaintedWatch watch(nullptr);
     qApp->installEventFilter(&watch);
     if (operation == u"empty-window" || operation == u"word-window") {
@@ -122,6 +123,7 @@ bool RunStartOnce(const QString& operation, std::jthread& fonts) {
         App().TempPath = AppUtilities().ReturnTempPath();
         App().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
         Theme::Apply(*qApp);
+        std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
         ConnectDesktop();
         IgnoreHeldKeys(*qApp);
         if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())

@@ -31,7 +31,7 @@ std::unique_ptr<frmMain> Main(std::jthread& fonts) {
             App().AppPath = ApplicationFolder();
             if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
                 return nullptr;
-            fonts = {}; // ends the search
+            fonts = {}; // waits for their end
             modForms::ShowSplash();
             auto console = std::make_unique<frmMain>();
             console->show();
@@ -42,7 +42,7 @@ std::unique_ptr<frmMain> Main(std::jthread& fonts) {
 } // namespace
 
 int main(int argc, char** argv) {
-    std::jthread fonts = LookForFonts();
+    std::jthread search = LookForFonts();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(ProductInfo::Name));
     QApplication::setApplicationVersion(QString::fromLatin1(ProductInfo::Version));
@@ -50,6 +50,7 @@ int main(int argc, char** argv) {
     // Only the exit command ends the program, not the last window that closes.
     QApplication::setQuitOnLastWindowClosed(false);
     Theme::Apply(application);
+    std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
     ConnectDesktop();
     IgnoreHeldKeys(application);
 
