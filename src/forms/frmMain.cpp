@@ -87,6 +87,8 @@ void frmMain::build() {
     m_rounds->setAccessibleName(QStringLiteral("Round"));
     m_rounds->setIconSize(QSize(Theme::ButtonIcon, Theme::ButtonIcon));
     m_rounds->setMinimumHeight(6 * Theme::Unit);
+    // A round's name may be longer than the screen is wide.
+    m_rounds->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_showAll->setObjectName(QStringLiteral("chkShowAllRound"));
     // What every round begins with is read from a step away.
     QFont large = font();

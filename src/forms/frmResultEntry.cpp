@@ -106,6 +106,8 @@ QWidget* frmResultEntry::makeRoundFrame() {
     frame->setObjectName(QStringLiteral("fraRound"));
     m_rounds->setObjectName(QStringLiteral("cboRounds"));
     m_rounds->setMinimumHeight(5 * Theme::Unit);
+    // A round's name may be longer than the screen is wide.
+    m_rounds->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_rounds->setIconSize(QSize(Theme::ButtonIcon, Theme::ButtonIcon));
     auto* row = new QHBoxLayout(frame);
     row->setContentsMargins(0, 0, 0, 0);

@@ -43,6 +43,9 @@ private slots:
             RunForeign(evening.DatabasePath(),
                        {"UPDATE Teams SET TeamName=?", "UPDATE Rounds SET RoundName=?"}, name.Text);
             const QString stored = evening.Stored("SELECT TeamName FROM Teams");
+            for (const int width : {Filled<frmMain>()->minimumSizeHint().width(),
+                                    Filled<frmResultEntry>()->minimumSizeHint().width()})
+                QVERIFY2(width < 1280, name.What);
             QStringList texts = textsOf(*Filled<frmMain>()) + textsOf(*Filled<frmTeamEntry>()) +
                                 textsOf(*Filled<frmRoundEntry>()) +
                                 textsOf(*Filled<frmResultEntry>());
