@@ -3,6 +3,7 @@
 #include "app/Theme.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 
 RecordList::RecordList(const QString& name, const QStringList& columns, QWidget* parent)
     : QTreeWidget(parent) {
@@ -36,4 +37,13 @@ QString RecordList::KeyOf(const QTreeWidgetItem& row) {
 QTreeWidgetItem* RecordList::SelectedRow() const {
     const QList<QTreeWidgetItem*> selected = selectedItems();
     return selected.isEmpty() ? nullptr : selected.first();
+}
+
+void RecordList::keyPressEvent(QKeyEvent* event) {
+    // The first press selects the row that Tab came to; the one below it may not exist.
+    const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (isArrow && currentItem() && !SelectedRow())
+        currentItem()->setSelected(true);
+    else
+        QTreeWidget::keyPressEvent(event);
 }

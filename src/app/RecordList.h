@@ -16,4 +16,7 @@ public:
     /// The row that the operator selected; null when there is none.
     QTreeWidgetItem* SelectedRow() const;
     bool IsEmpty() const { return topLevelItemCount() == 0; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };

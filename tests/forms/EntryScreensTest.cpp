@@ -70,6 +70,9 @@ private slots:
     void renamesAndDeletesRounds() {
         const Opened<frmRoundEntry> round;
         auto& box = round.Get<QLineEdit>("txtRoundName");
+        round.list.setFocus();
+        Press(Qt::Key_Down);
+        QCOMPARE(box.text(), "Music");
         ClickRow(round.list, 1);
         Click(box);
         QTRY_COMPARE(box.selectedText(), "Films");
