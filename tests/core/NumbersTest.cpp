@@ -32,7 +32,7 @@ private slots:
         const QString cases =
             u"8454143|8454143; \t12 |12;+7|7;007|7;1e3|1000;0.5|0;7.5|8;8.5|8;-2.5|-2;.51|1;"
             "2147483647.4|2147483647;2147483647.5|error 6;-2147483648.5|-2147483648;1e999|error 6;"
-            "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,000|error 13;"
+            "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,0,0|error 13;"
             "0x10|error 13;inf|error 13;nan(1)|error 13;e5|error 13"_s;
         for (const QString& c : cases.split(u';')) {
             const QString text = c.section(u'|', 0, 0);
