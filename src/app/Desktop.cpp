@@ -12,6 +12,6 @@ void ConnectDesktop() {
         Messages::Inform(QApplication::activeWindow(), text, QStringLiteral("Application Error"));
     };
     App().OpenDocument = [](const QString& path) {
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     };
 }

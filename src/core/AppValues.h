@@ -28,7 +28,7 @@ struct AppValues {
 
     /// What core needs a desktop for; set by the floors that have one.
     std::function<void(const QString& text)> ShowErrorBox;
-    std::function<bool(const QString& path)> OpenDocument;
+    std::function<void(const QString& path)> OpenDocument;
 };
 
 /// The one instance, alive until the process ends.

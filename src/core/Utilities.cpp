@@ -268,7 +268,10 @@ QDateTime Utilities::getRemoteTOD(const QString&) {
 
 bool Utilities::OpenFile(const QString& path) {
     return Guarded("OpenFile", Component, false, [&] {
-        return FileExists(path) && App().OpenDocument && App().OpenDocument(path);
+        if (!FileExists(path) || !App().OpenDocument)
+            return false;
+        App().OpenDocument(path);
+        return true;
     });
 }
 

@@ -67,7 +67,8 @@ public:
     QString ReturnTempPath();
     /// This machine's date and time; the server's name is not used.
     QDateTime getRemoteTOD(const QString& server);
-    /// Opens an existing file with the desktop's program for it.
+    /// Asks the desktop to open a file with its program for it. True for an existing file, whatever
+    /// the desktop then does.
     bool OpenFile(const QString& path);
 
 private:

@@ -14,7 +14,6 @@ struct Console : Evening {
         WriteFile(Path("Rankelo.PDF"), "a guide");
         App().OpenDocument = [this](const QString& path) {
             effects.append("document " + path.mid(App().AppPath.size()));
-            return true;
         };
         ShowScreen(screen);
     }
