@@ -59,8 +59,11 @@ QIcon known(const QString& name, QIcon::Mode last) {
     QIcon& icon = icons[{normal, last}];
     if (icon.isNull()) {
         icon.addPixmap(read(normal));
-        if (last == QIcon::Selected)
-            icon.addPixmap(read(file("dark")), QIcon::Selected);
+        if (last == QIcon::Selected) {
+            const QPixmap onDark = read(file("dark"));
+            icon.addPixmap(onDark, QIcon::Selected);
+            icon.addPixmap(onDark, QIcon::Active); // in the list that a chooser drops down
+        }
     }
     return icon;
 }
