@@ -58,7 +58,8 @@ int main(int argc, char** argv) {
     if (!console) {
         const QString reason = AppLog().Description().simplified();
         std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));
-        if (!IsStandardErrorRead())
+        // With debug messages on, the log has shown it already.
+        if (!IsStandardErrorRead() && App().DebugMode != u"1")
             App().ShowErrorBox(reason);
         return EXIT_FAILURE;
     }

@@ -46,15 +46,18 @@ Rankelo.INI CellPadX printf '[Application]\nFontSize=32\nCellPadX=wide\n' >Ranke
 Rankelo.INI Footer printf '[Application]\nFooter=99999999999\n' >Rankelo.INI
 END
 
-# By its icon, where nobody reads the line: a box says it.
-new_folder by_icon
-rm "$folder/Rankelo.MDB"
+# By its icon, where nobody reads the line: one box says it, with debug messages too.
 ln -sf /dev/null "$place/stderr"
-start_program
-window "Application Error"
-picture by-icon
-press Return
-ended_with 1
+for debug in 0 1; do
+    new_folder "by_icon_$debug"
+    rm "$folder/Rankelo.MDB"
+    printf '[Application]\nDebugMode=%s\n' "$debug" >"$folder/Rankelo.INI"
+    start_program
+    window "Application Error"
+    picture "by-icon-$debug"
+    press Return
+    ended_with 1
+done
 rm "$place/stderr"
 
 # From a CD or from somebody else's folder, whatever its name: everything can be seen, and what
