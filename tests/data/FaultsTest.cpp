@@ -13,7 +13,9 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
@@ -200,6 +202,20 @@ private slots:
             QVERIFY(run(c.mendIt) && saveTeam(u"c"_s));
             QCOMPARE(foreignTeams(folder.DatabasePath()), QLatin1StringView(c.stored));
         }
+    }
+
+    // A stick that was pulled and put back: the file is whole, what the program held of it is dead.
+    void aDeadHandleIsReplaced() {
+        AppFolder folder;
+        folder.Open();
+        QVERIFY(saveTeam(u"a"_s));
+        const int dead = open("/", O_RDONLY);
+        for (const QString& handle : QDir(u"/proc/self/fd"_s).entryList(QDir::Files))
+            if (QFile::symLinkTarget(u"/proc/self/fd/"_s + handle) == folder.DatabasePath())
+                dup2(dead, handle.toInt());
+        close(dead);
+        QVERIFY(!saveTeam(u"b"_s) && saveTeam(u"c"_s));
+        QCOMPARE(foreignTeams(folder.DatabasePath()), u"ok a c"_s);
     }
 
     void noiseInTheFileIsSurvived() {
