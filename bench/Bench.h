@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "support/AppFolder.h"
 
 #include <QElapsedTimer>
@@ -57,7 +57,7 @@ struct Hall {
 template <typename Action>
 Pair CompareHalls(const Hall& large, const Hall& small, int rounds, Action&& action) {
     const auto time = [&](const Hall& hall) {
-        App().AppPath = hall.folder.Path(QString());
+        Paths().AppPath = hall.folder.Path(QString());
         hall.folder.Open();
         action(); // reads the file
         return Time(Clock::Processor, [&] {

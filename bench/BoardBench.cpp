@@ -27,7 +27,7 @@ void makeJoker(const AppFolder& folder) {
 // Lines of places before `revealFrom` are hidden; 0 hides none.
 frmSummary* build(const SummaryList& list, qint32 revealFrom) {
     auto* board = new frmSummary(nullptr);
-    if (!Render().RenderResults(*board, list, QStringLiteral("Rankelo Results"), revealFrom))
+    if (!Render({}).RenderResults(*board, list, QStringLiteral("Rankelo Results"), revealFrom))
         qFatal("no board");
     return board;
 }

@@ -1,6 +1,5 @@
 #include "Bench.h"
 
-#include "core/AppValues.h"
 #include "data/DBObject.h"
 #include "data/ResultDAO.h"
 #include "data/SummaryDAO.h"

@@ -5,7 +5,7 @@
 #include "app/HeldKeys.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "core/Utilities.h"
 #include "data/DBObject.h"
 #include "forms/frmMain.h"
@@ -104,7 +104,7 @@ void benchStartOn(const QString& platform, const QString& where, double limit) {
 
 void BenchStart() {
     const AppFolder folder;
-    qputenv("RANKELO_BENCH_FOLDER", App().AppPath.toUtf8());
+    qputenv("RANKELO_BENCH_FOLDER", Paths().AppPath.toUtf8());
     // The limit is for what somebody sees.
     benchStartOn(QStringLiteral("xcb"), QStringLiteral("on a display"), 1.5);
     benchStartOn(qEnvironmentVariable("QT_QPA_PLATFORM"), QStringLiteral("without one"), 0);
@@ -120,8 +120,8 @@ bool RunStartOnce(const QString& operation, std::jthread& search) {
         QApplication::exec();
     }
     if (operation == u"console") { // everything that Main does but the splash screen's two seconds
-        App().TempPath = AppUtilities().ReturnTempPath();
-        App().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
+        Paths().TempPath = AppUtilities().ReturnTempPath();
+        Paths().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
         Theme::Apply(*qApp);
         std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
         ConnectDesktop();

@@ -3,7 +3,7 @@
 #include "app/HeldKeys.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "core/Guard.h"
 #include "core/Logging.h"
 #include "core/ProductInfo.h"
@@ -27,8 +27,8 @@ namespace {
 std::unique_ptr<frmMain> Main(std::jthread& fonts) {
     return Guarded(
         "Main", "modMain", std::unique_ptr<frmMain>(), [&]() -> std::unique_ptr<frmMain> {
-            App().TempPath = AppUtilities().ReturnTempPath();
-            App().AppPath = ApplicationFolder();
+            Paths().TempPath = AppUtilities().ReturnTempPath();
+            Paths().AppPath = ApplicationFolder();
             if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
                 return nullptr;
             fonts = {}; // waits for their end
@@ -59,8 +59,8 @@ int main(int argc, char** argv) {
         const QString reason = AppLog().Description().simplified();
         std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));
         // With debug messages on, the log has shown it already.
-        if (!IsStandardErrorRead() && App().DebugMode != u"1")
-            App().ShowErrorBox(reason);
+        if (!IsStandardErrorRead() && modCommon::AppSettings().DebugMode != u"1")
+            ShowErrorBox(reason);
         return EXIT_FAILURE;
     }
     return QApplication::exec();

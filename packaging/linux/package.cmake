@@ -59,7 +59,7 @@ execute_process(COMMAND dpkg-query --search ${origins} OUTPUT_VARIABLE owners
 string(REGEX MATCHALL "[^\n]+\n" owners "${owners}")
 list(TRANSFORM owners REPLACE ":.*\n" "")
 list(REMOVE_DUPLICATES owners)
-copy_licences(${owners} libqt6sql6-sqlite libsimpleini-dev)
+copy_licences(${owners} libqt6sql6-sqlite)
 
 set(here "${CPACK_RANKELO_SOURCE}/packaging/linux")
 file(COPY "${here}/install.sh" "${here}/README.txt" "${here}/io.github.rankelo.Rankelo.desktop"

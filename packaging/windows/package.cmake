@@ -39,7 +39,7 @@ foreach(library ${libraries})
 endforeach()
 message(STATUS "Left to Windows: ${windows_own}")
 
-copy_licences(libqt6core6 libsqlite3-0 libsimpleini-dev
+copy_licences(libqt6core6 libsqlite3-0
                gcc-mingw-w64-x86-64-posix-runtime mingw-w64-x86-64-dev)
 configure_file("${CPACK_RANKELO_SOURCE}/packaging/windows/README.txt" "${folder}/README.txt"
                @ONLY NEWLINE_STYLE CRLF)

@@ -1,17 +1,24 @@
 #include "app/Desktop.h"
 
 #include "app/Messages.h"
-#include "core/AppValues.h"
+#include "app/modCommon.h"
+#include "core/Logging.h"
+#include "core/Utilities.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
 
+void ShowErrorBox(const QString& text) {
+    Messages::Inform(QApplication::activeWindow(), text, QStringLiteral("Application Error"));
+}
+
 void ConnectDesktop() {
-    App().ShowErrorBox = [](const QString& text) {
-        Messages::Inform(QApplication::activeWindow(), text, QStringLiteral("Application Error"));
+    AppLog().ShowError = [](const QString& text) {
+        if (modCommon::AppSettings().DebugMode == u"1")
+            ShowErrorBox(text);
     };
-    App().OpenDocument = [](const QString& path) {
+    AppUtilities().OpenDocument = [](const QString& path) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     };
 }

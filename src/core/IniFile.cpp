@@ -8,61 +8,13 @@
 #include <QSaveFile>
 #include <QStringDecoder>
 
-// Texts stay UTF-8 bytes as the file holds them; the whole library is compiled in here.
-#define SI_NO_CONVERSION
-#define SI_IMPLEMENTATION
-#include <SimpleIni.h>
-
 namespace {
 
 constexpr qsizetype LongestValue = 254;
 
-#ifdef Q_OS_WIN
-constexpr const char* NewLine = "\r\n";
-#else
-constexpr const char* NewLine = "\n";
-#endif
-
-// One line of the file with its line end. The library says what it means; that the lines are kept
-// here, and not its list of keys, brings blank lines, a comment at the end and repeated keys
-// through a save as they were.
-struct Line {
-    enum Kind { Other, Header, Entry };
-
-    explicit Line(const QByteArray& line);
-
-    bool Is(Kind wanted, const QString& wantedName) const {
-        return kind == wanted && name.compare(wantedName, Qt::CaseInsensitive) == 0;
-    }
-
-    QByteArray bytes;
-    Kind kind = Other;
-    QString name;  // of the section or the key
-    QString value; // of a key
-};
-
-using Lines = QList<Line>;
-
-Line::Line(const QByteArray& line)
-    : bytes(line) {
-    CSimpleIniA ini(/*isUtf8=*/true);
-    ini.LoadData(line.constData(), static_cast<size_t>(line.size()));
-    CSimpleIniA::TNamesDepend sections;
-    ini.GetAllSections(sections);
-    if (sections.empty())
-        return;
-    const char* section = sections.front().pItem;
-    CSimpleIniA::TNamesDepend keys;
-    ini.GetAllKeys(section, keys);
-    kind = keys.empty() ? Header : Entry;
-    name = QString::fromUtf8(keys.empty() ? section : keys.front().pItem);
-    if (kind == Entry)
-        value = QString::fromUtf8(ini.GetValue(section, keys.front().pItem));
-}
-
-RuntimeError failure(const QString& doing, const QString& path, const QString& reason) {
-    return {ErrorNumber::PermissionDenied,
-            QStringLiteral("Cannot %1 %2: %3").arg(doing, QDir::toNativeSeparators(path), reason)};
+RuntimeError failure(const QString& path, const QString& what, const QString& reason) {
+    return {ErrorNumber::PermissionDenied, QStringLiteral("%1: the file cannot be %2 (%3)")
+                                               .arg(QDir::toNativeSeparators(path), what, reason)};
 }
 
 QByteArrayList splitLines(const QByteArray& bytes) {
@@ -80,67 +32,30 @@ QByteArrayList splitLines(const QByteArray& bytes) {
     return lines;
 }
 
-Lines load(const QString& path) {
+bool isUtf8(const QByteArray& bytes) {
+    return QUtf8StringView(bytes).isValidUtf8();
+}
+
+QByteArray lineEndOf(const QByteArray& line) {
+    return line.endsWith("\r\n")                        ? "\r\n"
+           : line.endsWith('\n') || line.endsWith('\r') ? line.last(1)
+                                                        : QByteArray();
+}
+
+QByteArray read(const QString& path) {
     QFile file(path);
     if (!file.exists())
         return {};
     if (!file.open(QIODevice::ReadOnly))
-        throw failure(QStringLiteral("read"), path, file.errorString());
+        throw failure(path, QStringLiteral("read"), file.errorString());
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        throw failure(QStringLiteral("read"), path, file.errorString());
+        throw failure(path, QStringLiteral("read"), file.errorString());
     // Some editors save "Unicode" as UTF-16.
     const auto encoding = QStringConverter::encodingForData(bytes);
     if (encoding && *encoding != QStringConverter::Utf8)
         bytes = QString(QStringDecoder(*encoding).decode(bytes)).toUtf8();
-    Lines lines;
-    for (const QByteArray& line : splitLines(bytes))
-        lines.append(Line(line));
-    return lines;
-}
-
-// Written to the side and renamed, so that a full disk leaves the old settings whole.
-void save(const Lines& lines, const QString& path) {
-    QByteArray bytes;
-    for (const Line& line : lines)
-        bytes += line.bytes;
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) < 0 || !file.commit())
-        throw failure(QStringLiteral("write"), path, file.errorString());
-}
-
-// A new line of the file; error 5 for a name or a value that would not be read back from it.
-Line newLine(Line::Kind kind, const QString& name, const QString& text) {
-    const QByteArray bytes = text.toUtf8();
-    const bool isOneLine = splitLines(bytes).size() == 1 && !bytes.endsWith('\n') &&
-                           !bytes.endsWith('\r') && !bytes.contains('\0');
-    Line line(bytes + NewLine);
-    if (!isOneLine || !line.Is(kind, name))
-        throw RuntimeError(ErrorNumber::InvalidCall,
-                           QStringLiteral("\"%1\" cannot be a line of an INI file").arg(text));
-    return line;
-}
-
-Line newEntry(const QString& key, const QString& value) {
-    return newLine(Line::Entry, key, key + u'=' + value);
-}
-
-// Puts a line at a place behind lines that may lack their line end.
-void insert(Lines& lines, qsizetype place, const Line& line) {
-    if (place > 0 && !lines[place - 1].bytes.endsWith('\n') &&
-        !lines[place - 1].bytes.endsWith('\r'))
-        lines[place - 1].bytes += NewLine;
-    lines.insert(place, line);
-}
-
-// The place of a section's header; one is put at the end of the file when there is none.
-qsizetype headerOf(Lines& lines, const QString& section) {
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        if (lines[i].Is(Line::Header, section))
-            return i;
-    insert(lines, lines.size(), newLine(Line::Header, section, u'[' + section + u']'));
-    return lines.size() - 1;
+    return bytes;
 }
 
 QString withoutQuotes(const QString& value) {
@@ -151,55 +66,148 @@ QString withoutQuotes(const QString& value) {
 
 } // namespace
 
-QString IniFile::ReadValue(const QString& path, const QString& section, const QString& key) {
-    for (const ItemPair& pair : ReadSection(path, section)) {
-        if (pair.Key.compare(key, Qt::CaseInsensitive) != 0)
-            continue;
-        const QString value = withoutQuotes(pair.Value);
-        const bool cutsCharacter =
-            value.size() > LongestValue && value[LongestValue - 1].isHighSurrogate();
-        return value.left(cutsCharacter ? LongestValue - 1 : LongestValue);
+// An older editor may have written the one line in the system's own letters.
+IniFile::Line::Line(const QByteArray& line)
+    : bytes(line) {
+    const QByteArray readable = line.split('\0').first();
+    QString text = isUtf8(readable) ? QString::fromUtf8(readable) : QString::fromLatin1(readable);
+    if (text.startsWith(QChar::ByteOrderMark))
+        text.remove(0, 1);
+    text = text.trimmed();
+    const qsizetype equals = text.indexOf(u'=');
+    const qsizetype bracket = text.indexOf(u']');
+    if (text.startsWith(u';') || text.startsWith(u'#'))
+        return;
+    if (text.startsWith(u'[')) {
+        kind = bracket > 0 ? Header : Other;
+        name = text.mid(1, bracket - 1).trimmed();
+    } else if (equals > 0) {
+        kind = Entry;
+        name = text.left(equals).trimmed();
+        value = text.mid(equals + 1).trimmed();
     }
-    return {};
 }
 
-QList<ItemPair> IniFile::ReadSection(const QString& path, const QString& section) {
-    QList<ItemPair> pairs;
-    bool isInside = false;
-    for (const Line& line : load(path)) {
-        if (line.kind == Line::Header)
-            isInside = line.Is(Line::Header, section);
-        else if (isInside && line.kind == Line::Entry)
-            pairs.append({line.name, line.value});
+bool IniFile::Line::Is(Kind wanted, const QString& wantedName) const {
+    return kind == wanted && name.compare(wantedName, Qt::CaseInsensitive) == 0;
+}
+
+IniFile::IniFile(QString path)
+    : m_path(std::move(path)) {
+    for (const QByteArray& line : splitLines(read(m_path)))
+        m_lines.append(Line(line));
+}
+
+// The place of the first such line behind `from` in the same section, or of the first header; -1
+// when there is none.
+qsizetype IniFile::find(Line::Kind kind, const QString& name, qsizetype from) const {
+    for (qsizetype i = from; i < m_lines.size(); ++i) {
+        if (m_lines[i].Is(kind, name))
+            return i;
+        if (kind == Line::Entry && m_lines[i].kind == Line::Header)
+            return -1;
     }
+    return -1;
+}
+
+qsizetype IniFile::endOfSection(qsizetype header) const {
+    qsizetype end = header + 1;
+    while (end < m_lines.size() && m_lines[end].kind != Line::Header)
+        ++end;
+    return end;
+}
+
+QString IniFile::Value(const QString& section, const QString& key) const {
+    const qsizetype header = find(Line::Header, section);
+    const qsizetype entry = header < 0 ? -1 : find(Line::Entry, key, header + 1);
+    if (entry < 0)
+        return {};
+    const QString value = withoutQuotes(m_lines[entry].value);
+    const bool cutsCharacter =
+        value.size() > LongestValue && value[LongestValue - 1].isHighSurrogate();
+    return value.left(cutsCharacter ? LongestValue - 1 : LongestValue);
+}
+
+QList<ItemPair> IniFile::Section(const QString& section) const {
+    QList<ItemPair> pairs;
+    const qsizetype header = find(Line::Header, section);
+    for (qsizetype i = header + 1; header >= 0 && i < endOfSection(header); ++i)
+        if (m_lines[i].kind == Line::Entry)
+            pairs.append({m_lines[i].name, m_lines[i].value});
     return pairs;
 }
 
-void IniFile::WriteValue(const QString& path, const QString& section, const QString& key,
-                         const QString& value) {
-    const Line entry = newEntry(key, value);
-    Lines lines = load(path);
-    qsizetype last = headerOf(lines, section);
-    for (qsizetype i = last + 1; i < lines.size() && lines[i].kind != Line::Header; ++i) {
-        if (lines[i].Is(Line::Entry, key)) {
-            lines[i] = entry;
-            save(lines, path);
-            return;
-        }
-        if (lines[i].kind == Line::Entry)
-            last = i;
+void IniFile::SetValue(const QString& section, const QString& key, const QString& value) {
+    const Line entry = newLine(Line::Entry, key, key + u'=' + value);
+    const qsizetype header = headerOf(section);
+    if (const qsizetype old = find(Line::Entry, key, header + 1); old >= 0) {
+        // What is only spelled in other letters than ours was not edited.
+        if (isUtf8(m_lines[old].bytes) || Value(section, key) != value)
+            m_lines[old] = entry;
+        return;
     }
-    insert(lines, last + 1, entry);
-    save(lines, path);
+    qsizetype last = endOfSection(header) - 1;
+    while (last > header && m_lines[last].kind != Line::Entry)
+        --last;
+    insert(last + 1, entry);
 }
 
-void IniFile::ReplaceSection(const QString& path, const QString& section,
-                             const QList<ItemPair>& entries) {
-    Lines lines = load(path);
-    qsizetype place = headerOf(lines, section) + 1;
-    while (place < lines.size() && lines[place].kind != Line::Header)
-        lines.removeAt(place);
+void IniFile::ReplaceSection(const QString& section, const QList<ItemPair>& entries) {
+    QList<Line> lines;
     for (const ItemPair& pair : entries)
-        insert(lines, place++, newEntry(pair.Key, pair.Value));
-    save(lines, path);
+        lines.append(newLine(Line::Entry, pair.Key, pair.Key + u'=' + pair.Value));
+    qsizetype place = headerOf(section) + 1;
+    m_lines.remove(place, endOfSection(place - 1) - place);
+    for (const Line& line : lines)
+        insert(place++, line);
+}
+
+void IniFile::Save() const {
+    QSaveFile file(m_path);
+    file.setDirectWriteFallback(true);
+    bool isWritten = file.open(QIODevice::WriteOnly);
+    for (const Line& line : m_lines)
+        isWritten = isWritten && file.write(line.bytes) == line.bytes.size();
+    if (!isWritten || !file.commit())
+        throw failure(m_path, QStringLiteral("written"), file.errorString());
+}
+
+// New lines end as the file's others do.
+QByteArray IniFile::lineEnd() const {
+    const QByteArray first = m_lines.isEmpty() ? QByteArray() : lineEndOf(m_lines.first().bytes);
+    if (!first.isEmpty())
+        return first;
+#ifdef Q_OS_WIN
+    return "\r\n";
+#else
+    return "\n";
+#endif
+}
+
+// Error 5 for a name or a value that would not be read back.
+IniFile::Line IniFile::newLine(Line::Kind kind, const QString& name, const QString& text) const {
+    const QByteArray bytes = text.toUtf8();
+    const bool isOneLine =
+        splitLines(bytes).size() == 1 && lineEndOf(bytes).isEmpty() && !bytes.contains('\0');
+    Line line(bytes + lineEnd());
+    if (!isOneLine || !line.Is(kind, name) || name.isEmpty())
+        throw RuntimeError(ErrorNumber::InvalidCall,
+                           QStringLiteral("\"%1\" cannot be a line of an INI file").arg(text));
+    return line;
+}
+
+// Puts a line behind lines that may lack their line end.
+void IniFile::insert(qsizetype place, const Line& line) {
+    if (place > 0 && lineEndOf(m_lines[place - 1].bytes).isEmpty())
+        m_lines[place - 1].bytes += lineEnd();
+    m_lines.insert(place, line);
+}
+
+// The place of a section's header; one is put at the end of the file when there is none.
+qsizetype IniFile::headerOf(const QString& section) {
+    const qsizetype header = find(Line::Header, section);
+    if (header >= 0)
+        return header;
+    insert(m_lines.size(), newLine(Line::Header, section, u'[' + section + u']'));
+    return m_lines.size() - 1;
 }

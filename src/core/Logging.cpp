@@ -1,6 +1,5 @@
 #include "core/Logging.h"
 
-#include "core/AppValues.h"
 #include "core/PadRight.h"
 #include "core/Reporting.h"
 #include "core/Session.h"
@@ -79,9 +78,9 @@ bool Logging::ProgramError(qint32 number, const QString& description, const QStr
     const QString text = u'[' + QString::number(number) + QStringLiteral("] ") + description;
     const bool written =
         Record(ProgramErrorType, ProgramErrorNumber, text, functionName, objectName);
-    if (App().DebugMode == u"1" && App().ShowErrorBox)
-        App().ShowErrorBox(QStringLiteral("%1 : ").arg(m_messageNumber) + m_description +
-                           QStringLiteral(" [") + m_functionName + u'/' + m_objectName + u']');
+    if (ShowError)
+        ShowError(QStringLiteral("%1 : ").arg(m_messageNumber) + m_description +
+                  QStringLiteral(" [") + m_functionName + u'/' + m_objectName + u']');
     return written;
 }
 

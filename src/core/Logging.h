@@ -3,9 +3,11 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <functional>
+
 /// The application log: the one way in which the program reports failures. A message is kept as
-/// the last one, appended to "ISApplication.Log" when its type is at or below `DebugLevel`, and
-/// shown to the operator when the setting `DebugMode` is "1".
+/// the last one, appended to "ISApplication.Log" when its type is at or below `DebugLevel`; an
+/// error is also offered to whoever can show it.
 class Logging {
 public:
     enum Destination : qint32 { FixedWidth = 1, CommaSeparated = 2 };
@@ -29,6 +31,8 @@ public:
     /// The highest message type that is written. It starts at 0, so that an ordinary evening
     /// leaves no file behind.
     qint32 DebugLevel = 0;
+    /// Is given the text of every program error, written or not; the desktop sets it.
+    std::function<void(const QString& text)> ShowError;
 
     /// Reports that the procedure `functionName` of the component `objectName` failed. True when
     /// a record was written.

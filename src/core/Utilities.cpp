@@ -1,6 +1,5 @@
 #include "core/Utilities.h"
 
-#include "core/AppValues.h"
 #include "core/DateText.h"
 #include "core/Guard.h"
 #include "core/IniFile.h"
@@ -139,7 +138,7 @@ bool Utilities::MoveFile(const QString& source, const QString& destination) {
 QString Utilities::ReadINIValue(const QString& file, const QString& section, const QString& key,
                                 const QString& defaultValue) {
     return Guarded("GetINIValue", Component, QString(), [&] {
-        const QString value = IniFile::ReadValue(file, section, key);
+        const QString value = IniFile(file).Value(section, key);
         return value.isEmpty() ? defaultValue : value;
     });
 }
@@ -148,7 +147,7 @@ std::unique_ptr<ObjectMap<ItemPair>> Utilities::ReadINISection(const QString& fi
                                                                const QString& section) {
     auto map = std::make_unique<ObjectMap<ItemPair>>();
     Guarded("ReadINISection", Component, [&] {
-        for (const ItemPair& pair : IniFile::ReadSection(file, section))
+        for (const ItemPair& pair : IniFile(file).Section(section))
             map->Add(pair.Key, std::make_shared<ItemPair>(pair));
     });
     return map;
@@ -157,7 +156,9 @@ std::unique_ptr<ObjectMap<ItemPair>> Utilities::ReadINISection(const QString& fi
 bool Utilities::WriteINIValue(const QString& file, const QString& section, const QString& key,
                               const QString& value) {
     return Guarded("WriteINIValue", Component, false, [&] {
-        IniFile::WriteValue(file, section, key, value);
+        IniFile ini(file);
+        ini.SetValue(section, key, value);
+        ini.Save();
         return true;
     });
 }
@@ -167,7 +168,9 @@ bool Utilities::WriteSection(const QString& file, const QString& section, const 
         QList<ItemPair> entries;
         for (const QString& entry : text.split(QChar::Null, Qt::SkipEmptyParts))
             entries.append({entry.section(u'=', 0, 0), entry.section(u'=', 1)});
-        IniFile::ReplaceSection(file, section, entries);
+        IniFile ini(file);
+        ini.ReplaceSection(section, entries);
+        ini.Save();
         return true;
     });
 }
@@ -268,9 +271,9 @@ QDateTime Utilities::getRemoteTOD(const QString&) {
 
 bool Utilities::OpenFile(const QString& path) {
     return Guarded("OpenFile", Component, false, [&] {
-        if (!FileExists(path) || !App().OpenDocument)
+        if (!FileExists(path) || !OpenDocument)
             return false;
-        App().OpenDocument(path);
+        OpenDocument(path);
         return true;
     });
 }

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <functional>
+
 /// The user's temporary folder, ending in the separator; the application's folder when the system
 /// names none. Never fails.
 QString TemporaryFolder();
@@ -70,6 +72,8 @@ public:
     /// Asks the desktop to open a file with its program for it. True for an existing file, whatever
     /// the desktop then does.
     bool OpenFile(const QString& path);
+    /// How OpenFile asks the desktop; the desktop sets it, without one nothing opens.
+    std::function<void(const QString& path)> OpenDocument;
 
 private:
     qint32 m_keyCounter = 0;

@@ -1,6 +1,6 @@
 #include "data/DBObject.h"
 
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "core/Guard.h"
 #include "core/RuntimeError.h"
 #include "data/DatabaseError.h"
@@ -108,7 +108,7 @@ bool DBObject::OpenDatabase() {
 }
 
 void DBObject::open() {
-    const QString path = App().AppPath + QLatin1StringView(FileName);
+    const QString path = Paths().AppPath + QLatin1StringView(FileName);
     if (!QFileInfo(path).isFile())
         throw RuntimeError(ErrorNumber::FileNotFound,
                            QDir::toNativeSeparators(path) + QStringLiteral(": file not found"));

@@ -1,6 +1,6 @@
 #include "display/Render.h"
 
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
@@ -63,6 +63,9 @@ QFont fontOf(const RenderObject& element) {
 
 } // namespace
 
+Render::Render(const DisplaySettings& settings)
+    : m_settings(settings) {}
+
 bool Render::ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption) {
     return Guarded("ViewResults", Component, false, [&] {
         screen.setWindowTitle(caption);
@@ -84,10 +87,10 @@ bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QS
         screen.setWindowTitle(heading);
         screen.ShowBoard();
         QPalette palette = board().palette();
-        palette.setColor(QPalette::Window, ColorOf(App().BackGround));
+        palette.setColor(QPalette::Window, ColorOf(m_settings.BackGround));
         board().setPalette(palette);
 
-        m_lineHeight = ToInt32(ToNumber(App().FontSize) * TwipsPerPoint);
+        m_lineHeight = ToInt32(ToNumber(m_settings.FontSize) * TwipsPerPoint);
         // Padding and footer are left out of this test, though a column ends before the footer.
         const double needed = (list.LastIndex() + 1.0) * m_lineHeight;
         m_columns = board().BoardHeight() < needed ? 2 : 1;
@@ -99,7 +102,7 @@ bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QS
             return false;
 
         m_top = CheckedMultiply(2, m_lineHeight);
-        m_left = App().LeftMargin;
+        m_left = m_settings.LeftMargin;
         for (qint32 i = 0; i <= list.LastIndex(); ++i) {
             const Summary& row = *list.Item(i);
             if (!RenderLine(row, revealFrom == 0 || row.Position >= revealFrom))
@@ -112,23 +115,23 @@ bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QS
 }
 
 bool Render::renderHeading(const QString& heading) {
-    RenderObject element;
+    RenderObject element(m_settings);
     element.Name = QStringLiteral("lblHeading");
     element.Align = RenderObject::Centre;
-    element.BackColor = App().BackGround;
-    element.ForeColor = App().FColorA;
+    element.BackColor = m_settings.BackGround;
+    element.ForeColor = m_settings.FColorA;
     element.OHeight = ToInt32(m_lineHeight * HeadingScale);
     element.OWidth = board().DisplayWidth();
     element.Text = heading;
     element.FontBold = true;
-    element.FontSize = ToInt32(ToNumber(App().FontSize) * HeadingScale);
+    element.FontSize = ToInt32(ToNumber(m_settings.FontSize) * HeadingScale);
     return RenderLabel(element);
 }
 
 // Tested after a line has been placed, against the top of the next one: the last line of a column
 // may reach into the footer. Columns that do not fit go on beyond the right edge.
 void Render::nextColumnWhenFull() {
-    if (subtract(board().BoardHeight(), App().Footer) < m_top) {
+    if (subtract(board().BoardHeight(), m_settings.Footer) < m_top) {
         m_left = add(m_left, m_columnWidth);
         m_top = CheckedMultiply(2, m_lineHeight);
     }
@@ -150,7 +153,7 @@ bool Render::RenderLine(const Summary& row, bool visible) {
             board().KeepTextLeftOf(team.Name, joker.Name);
         if (!RenderLabel(scoreBox(row, position, team)))
             return false;
-        m_top = add(m_top, add(m_lineHeight, App().CellPadY));
+        m_top = add(m_top, add(m_lineHeight, m_settings.CellPadY));
         return true;
     });
 }
@@ -175,25 +178,25 @@ QString Render::nextName() const {
 }
 
 RenderObject Render::numberBox(const Summary& row, bool visible) const {
-    RenderObject box;
+    RenderObject box(m_settings);
     box.Name = nextName();
     box.Tag = QString::number(row.Position);
     box.Visible = visible;
-    box.ForeColor = App().FColorA;
+    box.ForeColor = m_settings.FColorA;
     if (row.Position >= 1 && row.Position <= LastPodiumPlace) {
         box.BackColor = PodiumGreens[row.Position - 1];
     } else if (row.Position % 2 != 0) {
-        box.BackColor = App().BColorA;
+        box.BackColor = m_settings.BColorA;
     } else {
-        box.BackColor = App().BColorB;
-        box.ForeColor = App().FColorB;
+        box.BackColor = m_settings.BColorB;
+        box.ForeColor = m_settings.FColorB;
     }
     box.OLeft = m_left;
     box.OTop = m_top;
     box.OHeight = m_lineHeight;
     // The label width is a divisor; twice of it in one column keeps the box as wide as in two.
-    const double divisor = App().LabelWidth * (m_columns == 1 ? 2.0 : 1.0);
-    box.OWidth = ToInt32(divide(m_columnWidth, divisor) - App().RightMargin);
+    const double divisor = m_settings.LabelWidth * (m_columns == 1 ? 2.0 : 1.0);
+    box.OWidth = ToInt32(divide(m_columnWidth, divisor) - m_settings.RightMargin);
     box.Text = QString::number(row.Position);
     box.Align = RenderObject::Centre;
     return box;
@@ -204,8 +207,8 @@ RenderObject Render::teamBox(const Summary& row, const RenderObject& position) c
     box.Name = nextName();
     box.Align = RenderObject::Left;
     box.OWidth = ToInt32(static_cast<double>(m_columnWidth) - 2.0 * position.OWidth -
-                         (static_cast<double>(App().LeftMargin) + App().RightMargin));
-    box.OLeft = add(position.OLeft, add(App().CellPadX, position.OWidth));
+                         (static_cast<double>(m_settings.LeftMargin) + m_settings.RightMargin));
+    box.OLeft = add(position.OLeft, add(m_settings.CellPadX, position.OWidth));
     box.Text = row.TeamName;
     return box;
 }
@@ -215,7 +218,7 @@ RenderObject Render::jokerBox(const Summary& row, const RenderObject& team) cons
     RenderObject box = team;
     box.Name = nextName();
     if (row.Joker)
-        box.FileName = App().AppPath + QStringLiteral("JOKER.BMP");
+        box.FileName = Paths().AppPath + QStringLiteral("JOKER.BMP");
     box.OWidth = box.OHeight = m_lineHeight;
     box.OLeft = subtract(add(team.OLeft, team.OWidth), box.OWidth);
     return box;
@@ -226,7 +229,7 @@ RenderObject Render::scoreBox(const Summary& row, const RenderObject& position,
     RenderObject box = team;
     box.Name = nextName();
     box.OWidth = position.OWidth;
-    box.OLeft = add(team.OLeft, add(App().CellPadX, team.OWidth));
+    box.OLeft = add(team.OLeft, add(m_settings.CellPadX, team.OWidth));
     box.Text = QString::number(row.Score);
     box.Align = RenderObject::Right;
     return box;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/DisplaySettings.h"
 #include "data/SummaryDAO.h"
 #include "display/RenderObject.h"
 
@@ -17,6 +18,9 @@ class frmViewResults;
 /// false; what was drawn until then stays.
 class Render {
 public:
+    /// Draws in these settings.
+    explicit Render(const DisplaySettings& settings);
+
     /// Fills the results list, shows it and returns when it is closed.
     bool ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption);
     /// Builds the whole board and shows it. Lines of positions before `revealFrom` start hidden;
@@ -43,6 +47,7 @@ private:
     /// Error 53 when the file holds no picture; no file name is an empty picture.
     QPixmap picture(const QString& fileName);
 
+    const DisplaySettings m_settings;
     QPointer<frmSummary> m_board;
     QHash<QString, QPixmap> m_pictures; ///< loaded for this board
     qint32 m_columnWidth = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/AppValues.h"
+#include "core/DisplaySettings.h"
 #include "core/Numbers.h"
 
 #include <QString>
@@ -9,6 +9,11 @@
 /// One element of the board, before it becomes a control: distances in twips, font size in points,
 /// colours as red + 256 * green + 65536 * blue.
 struct RenderObject {
+    /// In the typeface and size of the settings. Error 13 when the size is no number.
+    explicit RenderObject(const DisplaySettings& settings)
+        : FontSize(ToInt32(QStringView(settings.FontSize)))
+        , FontName(settings.FontName) {}
+
     enum Alignment : qint32 { Left = 0, Right = 1, Centre = 2 };
 
     QString Name;
@@ -22,8 +27,8 @@ struct RenderObject {
     QString Text;
     qint32 BackColor = 0;
     qint32 ForeColor = 0;
-    qint32 FontSize = ToInt32(QStringView(App().FontSize)); ///< error 13 when no number is set
-    QString FontName = App().FontName;
+    qint32 FontSize;
+    QString FontName;
     bool FontBold = false;
     bool Visible = true;
 };

@@ -4,7 +4,6 @@
 #include "app/PictureButton.h"
 #include "app/TextBoxFocus.h"
 #include "app/Theme.h"
-#include "app/frmAbout.h"
 #include "app/modCommon.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
@@ -72,8 +71,10 @@ void paintSwatch(QLabel& swatch, const QColor& colour) {
 
 } // namespace
 
-frmOptions::frmOptions(QWidget* parent)
-    : QDialog(parent) {
+frmOptions::frmOptions(QWidget* parent, std::function<void(QWidget* over)> showAbout)
+    : QDialog(parent)
+    , m_settings(modCommon::AppSettings())
+    , m_showAbout(std::move(showAbout)) {
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(QStringLiteral("Settings"));
     Guarded("Form_Load", Component, [this] {
@@ -85,16 +86,16 @@ frmOptions::frmOptions(QWidget* parent)
         layout->addWidget(makeColourGroup("fraPrimaryColours",
                                           QStringLiteral("Primary Display Colour"),
                                           {"lblBackColor_A", "lblBackColorA", "cmdBackColourA",
-                                           "Background Colour:", &AppValues::BColorA},
+                                           "Background Colour:", &DisplaySettings::BColorA},
                                           {"lblForeColour_A", "lblForeColorA", "cmdForeColourA",
-                                           "Fore Colour:", &AppValues::FColorA}),
+                                           "Fore Colour:", &DisplaySettings::FColorA}),
                           1, 0);
         layout->addWidget(makeColourGroup("fraSecondaryColours",
                                           QStringLiteral("Secondary Display Colour"),
                                           {"lblBackColor_B", "lblBackColorB", "cmdBackColourB",
-                                           "Background Colour:", &AppValues::BColorB},
+                                           "Background Colour:", &DisplaySettings::BColorB},
                                           {"lblForeColour_B", "lblForeColorB", "cmdForeColourB",
-                                           "Fore Colour:", &AppValues::FColorB}),
+                                           "Fore Colour:", &DisplaySettings::FColorB}),
                           1, 1);
         layout->addWidget(makeScreenGroup(), 2, 0);
         layout->addWidget(makePaddingGroup(), 2, 1);
@@ -134,22 +135,26 @@ QGroupBox* frmOptions::makeScreenGroup() {
     layout->setColumnStretch(3, 1);
     auto* colour = new QGridLayout;
     colour->setColumnStretch(1, 1);
-    addColour(
-        *colour, 0,
-        {"lblBackgroundC", "lblBackground", "cmdBackground", "Colour:", &AppValues::BackGround});
+    addColour(*colour, 0,
+              {"lblBackgroundC", "lblBackground", "cmdBackground",
+               "Colour:", &DisplaySettings::BackGround});
     layout->addLayout(colour, 0, 0, 1, 4);
-    addNumber(*layout, 1, 0, {"lblLMargin", "txtLMargin", "Left Margin:", &AppValues::LeftMargin});
-    addNumber(*layout, 1, 2, {"lblRMargin", "txtRMargin", "Right:", &AppValues::RightMargin});
-    addNumber(*layout, 2, 0, {"lblFooter", "txtFooter", "Footer:", &AppValues::Footer});
+    addNumber(*layout, 1, 0,
+              {"lblLMargin", "txtLMargin", "Left Margin:", &DisplaySettings::LeftMargin});
+    addNumber(*layout, 1, 2, {"lblRMargin", "txtRMargin", "Right:", &DisplaySettings::RightMargin});
+    addNumber(*layout, 2, 0, {"lblFooter", "txtFooter", "Footer:", &DisplaySettings::Footer});
     return group;
 }
 
 QGroupBox* frmOptions::makePaddingGroup() {
     auto* group = makeGroup("fraPadding", QStringLiteral("Cell Padding"));
     auto* layout = new QGridLayout(group);
-    addNumber(*layout, 0, 0, {"lblCellPadX", "txtCellPadX", "Horizontal:", &AppValues::CellPadX});
-    addNumber(*layout, 1, 0, {"lblCellPadY", "txtCellPadY", "Vertical:", &AppValues::CellPadY});
-    addNumber(*layout, 2, 0, {"lblCellWidth", "txtCellWidth", "Width:", &AppValues::LabelWidth});
+    addNumber(*layout, 0, 0,
+              {"lblCellPadX", "txtCellPadX", "Horizontal:", &DisplaySettings::CellPadX});
+    addNumber(*layout, 1, 0,
+              {"lblCellPadY", "txtCellPadY", "Vertical:", &DisplaySettings::CellPadY});
+    addNumber(*layout, 2, 0,
+              {"lblCellWidth", "txtCellWidth", "Width:", &DisplaySettings::LabelWidth});
     return group;
 }
 
@@ -166,7 +171,7 @@ QLayout* frmOptions::makeFoot() {
                                [this] { reject(); }));
     foot->addWidget(makeButton("cmdAbout", QStringLiteral("about"),
                                QStringLiteral("Display Application Information"),
-                               [this] { frmAbout::ShowAbout(this); }));
+                               [this] { m_showAbout(this); }));
     // Apart from the others, for a click beside them must not land on it.
     foot->addSpacing(3 * Theme::Unit);
     foot->addWidget(makeButton("cmdReset", QStringLiteral("reset"),
@@ -216,13 +221,13 @@ void frmOptions::load() {
     cboDisplayFont->addItems(QFontDatabase::families());
     for (qsizetype i = 0; i < Sizes.size(); i += SizeLength)
         cboDisplaySize->addItem(Sizes.mid(i, SizeLength).trimmed());
-    selectOrKeep(*cboDisplayFont, App().FontName);
-    selectOrKeep(*cboDisplaySize, App().FontSize);
+    selectOrKeep(*cboDisplayFont, m_settings.FontName);
+    selectOrKeep(*cboDisplaySize, m_settings.FontSize);
     for (const auto& [swatch, setting] : m_swatches)
-        paintSwatch(*swatch, ColorOf(App().*setting));
+        paintSwatch(*swatch, ColorOf(m_settings.*setting));
     for (const auto& [box, setting] : m_numberBoxes)
-        box->setText(QString::number(App().*setting));
-    chkDebugMode->setChecked(App().DebugMode == DebugOn);
+        box->setText(QString::number(m_settings.*setting));
+    chkDebugMode->setChecked(m_settings.DebugMode == DebugOn);
 }
 
 void frmOptions::chooseColour(QLabel& swatch) {
@@ -234,9 +239,9 @@ void frmOptions::chooseColour(QLabel& swatch) {
         paintSwatch(swatch, dialog.selectedColor());
 }
 
-void frmOptions::save() {
-    // Taken over as a whole, so that a number too large leaves every setting as it was.
-    AppValues edited = App();
+void frmOptions::takeOver() {
+    // As a whole, so that a number too large leaves every setting as it was.
+    DisplaySettings edited = m_settings;
     edited.FontName = cboDisplayFont->currentText();
     edited.FontSize = cboDisplaySize->currentText();
     for (const auto& [swatch, setting] : m_swatches)
@@ -246,7 +251,12 @@ void frmOptions::save() {
             edited.*setting = ToInt32(*number);
     }
     edited.DebugMode = chkDebugMode->isChecked() ? DebugOn : DebugOff;
-    App() = edited;
+    m_settings = edited;
+}
+
+void frmOptions::save() {
+    takeOver();
+    modCommon::AppSettings() = m_settings;
     if (modCommon::Settings(modCommon::SaveSettings) &&
         modCommon::Settings(modCommon::LoadSettings))
         accept();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/AppValues.h"
+#include "core/DisplaySettings.h"
 
 #include <QDialog>
 
@@ -14,13 +14,15 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 
-/// The settings of the board on one screen: typeface, colours, spacing. None changes before they
-/// are saved. From here the operator also opens the about box and may empty the database.
+/// The settings of the board on one screen: typeface, colours, spacing. It edits a copy;
+/// none changes before they are saved. From here the operator also opens the about box and may
+/// empty the database.
 class frmOptions : public QDialog {
     Q_OBJECT
 
 public:
-    explicit frmOptions(QWidget* parent = nullptr);
+    /// `showAbout` opens the about box over this screen.
+    frmOptions(QWidget* parent, std::function<void(QWidget* over)> showAbout);
 
 private:
     struct ColourRow {
@@ -28,21 +30,21 @@ private:
         const char* swatch;
         const char* button;
         const char* caption;
-        qint32 AppValues::*setting;
+        qint32 DisplaySettings::*setting;
     };
     struct NumberRow {
         const char* label;
         const char* box;
         const char* caption;
-        qint32 AppValues::*setting;
+        qint32 DisplaySettings::*setting;
     };
     struct Swatch {
         QLabel* label;
-        qint32 AppValues::*setting;
+        qint32 DisplaySettings::*setting;
     };
     struct NumberBox {
         QLineEdit* box;
-        qint32 AppValues::*setting;
+        qint32 DisplaySettings::*setting;
     };
 
     QGroupBox* makeFontGroup();
@@ -57,10 +59,14 @@ private:
                         const std::function<void()>& action);
 
     void load();
+    /// Takes the controls over into the edited settings; error 6 for a number too large.
+    void takeOver();
     void chooseColour(QLabel& swatch);
     void save();
     void resetDatabase();
 
+    DisplaySettings m_settings; ///< what is edited
+    std::function<void(QWidget*)> m_showAbout;
     QComboBox* cboDisplayFont = nullptr;
     QComboBox* cboDisplaySize = nullptr;
     QCheckBox* chkDebugMode = nullptr;

@@ -4,7 +4,7 @@
 #include "app/Theme.h"
 #include "app/TileButton.h"
 #include "app/modCommon.h"
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "core/Guard.h"
 #include "core/ProductInfo.h"
 #include "core/Utilities.h"
@@ -153,7 +153,7 @@ void frmMain::dispatch(qint32 command) {
         modForms::TeamEntry();
         break;
     case Configuration:
-        frmOptions(this).exec();
+        frmOptions(this, [](QWidget*) { modForms::ShowAbout(); }).exec();
         break;
     case EnterResults:
     case ShowRound:
@@ -167,7 +167,7 @@ void frmMain::dispatch(qint32 command) {
         modForms::ViewResults(modForms::OverallInWindow, revealFrom(), QString());
         break;
     case UserGuide:
-        AppUtilities().OpenFile(App().AppPath + QStringLiteral("Rankelo.PDF"));
+        AppUtilities().OpenFile(Paths().AppPath + QStringLiteral("Rankelo.PDF"));
         break;
     case PreviousRound:
         step(-1);

@@ -2,6 +2,7 @@
 
 #include "app/TextBoxFocus.h"
 #include "app/frmAbout.h"
+#include "app/modCommon.h"
 #include "core/Guard.h"
 #include "data/Require.h"
 #include "data/RoundDAO.h"
@@ -46,12 +47,13 @@ Standings standingsOf(qint32 mode, const QString& roundKey) {
 void showOnBoard(const Standings& standings, qint32 revealFrom) {
     delete theBoard;
     theBoard = new frmSummary(theConsole);
-    Render().RenderResults(*theBoard, *standings.list, standings.title, revealFrom);
+    Render(modCommon::AppSettings())
+        .RenderResults(*theBoard, *standings.list, standings.title, revealFrom);
 }
 
 void showInWindow(const Standings& standings) {
     frmViewResults screen(theConsole);
-    Render().ViewResults(screen, *standings.list, standings.title);
+    Render(modCommon::AppSettings()).ViewResults(screen, *standings.list, standings.title);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "app/modCommon.h"
-#include "core/AppValues.h"
 #include "core/Logging.h"
 #include "core/Utilities.h"
 #include "support/AppFolder.h"
@@ -59,7 +58,9 @@ private slots:
             const bool isLoaded = modCommon::Settings(modCommon::LoadSettings);
             loaded += isLoaded ? 1 : 0;
             QVERIFY2(isLoaded || AppLog().FunctionName() == u"Settings", shown);
-            QVERIFY2(App().FontName.size() <= 254 && App().FontName.isValidUtf16(), shown);
+            QVERIFY2(modCommon::AppSettings().FontName.size() <= 254 &&
+                         modCommon::AppSettings().FontName.isValidUtf16(),
+                     shown);
             QVERIFY2(ReadFile(path) == bytes, shown);
             if (i % 10 != 0)
                 continue;

@@ -1,31 +1,31 @@
+#include "app/Desktop.h"
 #include "app/modCommon.h"
-#include "core/AppValues.h"
 #include "core/Logging.h"
 #include "support/AppFolder.h"
+#include "support/Operator.h"
 
 #include <QComboBox>
 #include <QTest>
+
+#include <span>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-qint32* const Numbers[] = {&App().BackGround, &App().BColorA,    &App().BColorB,
-                           &App().FColorA,    &App().FColorB,    &App().CellPadX,
-                           &App().CellPadY,   &App().LeftMargin, &App().RightMargin,
-                           &App().LabelWidth, &App().Footer};
-
-// Every setting in one line.
+// Every setting in one line, in the order of reading.
 QString allSettings() {
-    QStringList values{App().FontName, App().FontSize, App().DebugMode};
-    for (const qint32* number : Numbers)
-        values.append(QString::number(*number));
+    QStringList values;
+    for (const Setting& setting : SettingsTable)
+        values.append(setting.TextIn(modCommon::AppSettings()));
     return values.join(u' ');
 }
 
-void setNumbers(qint32 first) {
-    for (qint32* number : Numbers)
-        *number = first++;
+// The numbers become 1, 2, 3 and so on, the texts their defaults.
+void setNumbers() {
+    modCommon::AppSettings() = {};
+    for (qint32 number = 1; const Setting& setting : std::span(SettingsTable).subspan(3))
+        setting.Assign(modCommon::AppSettings(), QString::number(number++));
 }
 
 } // namespace
@@ -58,7 +58,7 @@ private slots:
             AppFolder folder;
             if (c.file)
                 WriteFile(folder.IniPath(), QByteArray("[application]\n") + c.file);
-            setNumbers(1);
+            setNumbers();
             QCOMPARE(modCommon::Settings(modCommon::LoadSettings), c.reason == ""_L1);
             QCOMPARE(allSettings(), QLatin1StringView(c.settings));
             QVERIFY(AppLog().Description().contains(QLatin1StringView(c.reason)));
@@ -72,6 +72,22 @@ private slots:
         for (const auto mode : {modCommon::LoadSettings, modCommon::SaveSettings}) {
             QVERIFY(!modCommon::Settings(mode));
             QVERIFY(AppLog().Description().contains(u"Rankelo.INI: the file cannot be"));
+        }
+    }
+
+    // One box an error in mode "1" alone.
+    void showsErrorsInDebugModeOnly() {
+        const AppFolder folder;
+        ConnectDesktop();
+        for (const QString& mode : {u"1"_s, u"01"_s, u""_s, u"0"_s}) {
+            modCommon::AppSettings().DebugMode = mode;
+            std::list<ModalAnswers::Answer> expected;
+            if (mode == u"1"_s)
+                expected.push_back(MessageBox(u"Application Error"_s,
+                                              u"9700 : [7] <b>why</b> [P/C]"_s, Qt::Key_Return));
+            const ModalAnswers answers(expected);
+            AppLog().ProgramError(7, u"<b>why</b>"_s, u"P"_s, u"C"_s);
+            QVERIFY2(answers.AllGiven(), qPrintable(mode));
         }
     }
 

@@ -10,7 +10,8 @@ namespace {
 const QByteArray HandEdited =
     "; my settings\r\n\r\nstray = 1\r\n[Other]\r\nFontName=Wrong\r\n[ application ]\r\n"
     "# the board\r\nFONTNAME =  Liberation Sans  \r\nno equals sign\r\n=no key\r\nUnknown=7\r\n"
-    "FontName=Later\r\nFooter=\r\n\r\n; about the next section\r\n[Last]\r\na=b\r\n; the end";
+    "FontName=Later\r\nBoss=Ren\xE9\r\nFooter=\r\n\r\n; about the next section\r\n[Last]\r\na=b\r\n"
+    "[Application]\r\nBoss=Second\r\nOnly=Here\r\n; the end";
 
 } // namespace
 
@@ -25,6 +26,8 @@ private slots:
         const std::pair<QByteArray, QString> cases[] = {
             {HandEdited, u"Liberation Sans"_s},
             {"FontName=a", u"default"_s},
+            {"[Application]\na=1\n[Application]\nFontName=b", u"default"_s}, // the first one counts
+            {head + "Ren\xE9", u"René"_s},
             {head + "\"\"", u"default"_s},
             {head + "\"  a  \"", u"  a  "_s},
             {head + "\"a'", u"\"a'"_s},
@@ -52,9 +55,12 @@ private slots:
             const char* before; // the part of the file that changes; none when it is refused
             const char* after;
         } cases[] = {
-            {app, u"FontName"_s, value, "FONTNAME =  Liberation Sans  \n", "FontName=new\n"},
-            {app, u"Fresh"_s, value, "Footer=\n", "Footer=\nFresh=new\n"},
-            {u"New"_s, u"k"_s, value, "; the end", "; the end\n[New]\nk=new\n"},
+            {app, u"FontName"_s, value, "FONTNAME =  Liberation Sans  \r\n", "FontName=new\r\n"},
+            {app, u"Fresh"_s, value, "Footer=\r\n", "Footer=\r\nFresh=new\r\n"},
+            {u"New"_s, u"k"_s, value, "; the end", "; the end\r\n[New]\r\nk=new\r\n"},
+            // Letters of an older editor stay while nobody edits them.
+            {app, u"Boss"_s, u"René"_s, "Boss", "Boss"},
+            {app, u"Boss"_s, value, "Boss=Ren\xE9\r\n", "Boss=new\r\n"},
             // What could not be read back.
             {app, u"k"_s, u"a\nFooter=1"_s, "", ""},
             {app, u"k"_s, u"a\0b"_s, "", ""},
@@ -69,12 +75,10 @@ private slots:
             QCOMPARE(AppUtilities().WriteINIValue(folder.IniPath(), c.section, c.key, c.value),
                      !isRefused);
             QCOMPARE(folder.TakeReports().size(), isRefused ? 1 : 0);
-            // Without the difference of the systems' line ends.
             QByteArray expected = HandEdited;
-            expected.replace("\r\n", "\n");
             if (!isRefused)
-                expected.replace(c.before, c.after);
-            QCOMPARE(ReadFile(folder.IniPath()).replace("\r\n", "\n"), expected);
+                expected.replace(expected.indexOf(c.before), qstrlen(c.before), c.after);
+            QCOMPARE(ReadFile(folder.IniPath()), expected);
         }
     }
 };

@@ -1,5 +1,5 @@
 #include "FaultyDisk.h"
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "data/DBObject.h"
 #include "data/ResultDAO.h"
 #include "data/SummaryDAO.h"
@@ -43,7 +43,7 @@ QString foreignTeams(const QString& path) {
 
 // The child of the kill test. Every line that it prints was saved before: a key and its score.
 int saveUntilKilled(const QString& folder) {
-    App().AppPath = folder;
+    Paths().AppPath = folder;
     AppDatabase().OpenDatabase();
     for (;;) {
         Result result;
@@ -70,7 +70,7 @@ private slots:
         const int kills = SoakCount(20, 300);
         for (int kill = 0; kill < kills; ++kill) {
             QProcess child;
-            child.start(QCoreApplication::applicationFilePath(), {u"child"_s, App().AppPath});
+            child.start(QCoreApplication::applicationFilePath(), {u"child"_s, Paths().AppPath});
             QVERIFY(child.waitForReadyRead());
             QTest::qSleep(static_cast<int>(random.bounded(100)));
             child.kill();

@@ -22,8 +22,7 @@ inline SummaryList RowsAt(const QList<int>& positions) {
 struct TestBoard : AppFolder {
     explicit TestBoard(QSize size = {}, const QByteArray& settings = {}) {
         WriteFile(Path("JOKER.BMP"), ReadFile(":/JOKER.BMP"));
-        WriteFile(IniPath(),
-                  "[Application]\nDebugMode=1\n" + QByteArray(settings).replace(' ', '\n'));
+        WriteFile(IniPath(), "[Application]\n" + QByteArray(settings).replace(' ', '\n'));
         modCommon::Settings(modCommon::LoadSettings);
         if (size.isEmpty())
             return;
@@ -33,7 +32,8 @@ struct TestBoard : AppFolder {
     ~TestBoard() { delete Screen; }
 
     bool Render(const SummaryList& list, qint32 revealFrom = 0) const {
-        return ::Render().RenderResults(*Screen, list, "Music Results", revealFrom);
+        return ::Render(modCommon::AppSettings())
+            .RenderResults(*Screen, list, "Music Results", revealFrom);
     }
     /// An element by the number in its name.
     QLabel& Element(int number) const {

@@ -41,7 +41,7 @@ private slots:
             console.setGeometry(screens[operators]->geometry().adjusted(50, 50, -50, -50));
             ShowScreen(console);
             frmSummary board(&console);
-            QVERIFY(Render().RenderResults(board, RowsAt({1, 2}), "Results", 4));
+            QVERIFY(Render({}).RenderResults(board, RowsAt({1, 2}), "Results", 4));
             QCOMPARE(board.screen(), screens[1 - operators]);
             QCOMPARE(board.geometry(), screens[1 - operators]->geometry());
             // The operator goes on working beside it.

@@ -1,6 +1,5 @@
 #include "display/frmOptions.h"
 #include "app/modCommon.h"
-#include "core/AppValues.h"
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
@@ -29,7 +28,8 @@ private slots:
     // Thirteen of them; the footer is not written.
     void savesWhatIsChosen() {
         AppFolder folder;
-        frmOptions screen;
+        modCommon::AppSettings() = {};
+        frmOptions screen(nullptr, nullptr);
         const struct {
             const char *button, *swatch;
             QColor before, chosen;
@@ -58,12 +58,12 @@ private slots:
                      "txtFooter=600");
         QCOMPARE(folder.TakeReports(), QStringList());
         QCOMPARE(QString(ReadFile(folder.IniPath())).simplified(),
-                 "[Application] FontName=Party FontSize=70 DebugMode=1 BackGround=3 FColorA=256 "
+                 "[Application] FontName=Party FontSize=70 DebugMode=0 BackGround=3 FColorA=256 "
                  "BColorA=1 FColorB=2 BColorB=65536 CellPadX=1 CellPadY=2 LeftMargin=-3 "
                  "RightMargin=4 LabelWidth=0");
         // Read back at once.
-        QCOMPARE(App().LabelWidth, 0);
-        QCOMPARE(App().Footer, 500);
+        QCOMPARE(modCommon::AppSettings().LabelWidth, 0);
+        QCOMPARE(modCommon::AppSettings().Footer, 500);
     }
 
     // The INI file may come from a computer with other fonts, and from a person who wrote notes in
@@ -74,14 +74,13 @@ private slots:
                                   "FontSize=33.5\nOurs=1\n[Other]\na=b\n";
         WriteFile(folder.IniPath(), before);
         QVERIFY(modCommon::Settings(modCommon::LoadSettings));
-        App().DebugMode = "1";
-        frmOptions screen;
+        frmOptions screen(nullptr, nullptr);
         ShowScreen(screen);
         save(screen, "txtLMargin=1 txtCellWidth=99999999999");
         QCOMPARE(folder.TakeReports(),
                  QStringList("9700 : [6] Overflow [cmdSave_Click/frmOptions]"));
         QVERIFY(screen.isVisible());
-        QCOMPARE(App().LeftMargin, 200);
+        QCOMPARE(modCommon::AppSettings().LeftMargin, 200);
         QCOMPARE(ReadFile(folder.IniPath()), before);
 
         save(screen, "txtLMargin=250 txtCellWidth=abc txtFooter=abc");
@@ -90,7 +89,7 @@ private slots:
         for (const char* line : {"; our hall", "Footer=720", "FontName=No Such Font",
                                  "FontSize=33.5", "Ours=1", "[Other]", "a=b", "LeftMargin=250"})
             QVERIFY2(saved.contains(line), line);
-        QCOMPARE(App().Footer, 720);
+        QCOMPARE(modCommon::AppSettings().Footer, 720);
     }
 };
 

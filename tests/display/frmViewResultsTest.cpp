@@ -68,7 +68,7 @@ private slots:
             QVERIFY(!print.isEnabled());
             Press(Qt::Key_Escape);
         }});
-        QVERIFY(Render().ViewResults(screen, standings, "Music & More Results"));
+        QVERIFY(Render({}).ViewResults(screen, standings, "Music & More Results"));
         QVERIFY(answers.AllGiven());
         QCOMPARE(folder.TakeReports(),
                  QStringList("9700 : [57] There is no printer [cmdPrint_Click/frmViewResults]"));

@@ -8,7 +8,7 @@
 // in two; and "cut" when the lowest line of a column crosses the foot of the screen.
 
 #include "app/modCommon.h"
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "display/BoardLabel.h"
 #include "display/Render.h"
 #include "display/frmSummary.h"
@@ -38,7 +38,8 @@ Board measured(int teams) {
         list.Add(std::make_shared<Summary>(Summary{.TeamName = name, .Position = i}));
     frmSummary screen(nullptr);
     screen.setAttribute(Qt::WA_DeleteOnClose, false);
-    Render().RenderResults(screen, list, QStringLiteral("Rankelo Results"), 0);
+    Render(modCommon::AppSettings())
+        .RenderResults(screen, list, QStringLiteral("Rankelo Results"), 0);
 
     Board board;
     for (const auto* label : screen.findChildren<BoardLabel*>()) {
@@ -74,11 +75,11 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
 
     // No file of settings lies there: these are the defaults.
-    App().AppPath = screen.fileName();
+    Paths().AppPath = screen.fileName();
     if (!modCommon::Settings(modCommon::LoadSettings))
         return EXIT_FAILURE;
     for (const int points : {16, 18, 20, 22, 24, 26, 28, 30, 32, 34, 40, 52, 70}) {
-        App().FontSize = QString::number(points);
+        modCommon::AppSettings().FontSize = QString::number(points);
         const Board two = measured(Crowd);
         // The fewest teams that take two columns.
         const int narrow =

@@ -17,6 +17,11 @@ struct ScoreDialog : frmEntry {
     }
 };
 
+struct OptionsScreen : frmOptions {
+    OptionsScreen()
+        : frmOptions(nullptr, nullptr) {}
+};
+
 struct ResultsWindow : frmViewResults {
     ResultsWindow() { AddRow("1", "Ants", "14", "Played"); }
 };
@@ -38,7 +43,7 @@ inline const struct {
     {Make<frmRoundEntry>, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
     {Make<frmResultEntry>, "lvTeams cboRounds"},
     {Make<ScoreDialog>, "txtScore chkJoker cmdOK cmdCancel"},
-    {Make<frmOptions>,
+    {Make<OptionsScreen>,
      "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
      "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
      "chkDebugMode cmdSave cmdClose cmdAbout cmdReset"},

@@ -1,6 +1,7 @@
 #include "forms/frmMain.h"
 #include "Evening.h"
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
+#include "core/Utilities.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -12,8 +13,8 @@ namespace {
 struct Console : Evening {
     Console() {
         WriteFile(Path("Rankelo.PDF"), "a guide");
-        App().OpenDocument = [this](const QString& path) {
-            effects.append("document " + path.mid(App().AppPath.size()));
+        AppUtilities().OpenDocument = [this](const QString& path) {
+            effects.append("document " + path.mid(Paths().AppPath.size()));
         };
         ShowScreen(screen);
     }

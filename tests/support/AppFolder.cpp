@@ -1,6 +1,6 @@
 #include "support/AppFolder.h"
 
-#include "core/AppValues.h"
+#include "core/AppPaths.h"
 #include "core/Logging.h"
 #include "data/DBObject.h"
 
@@ -83,16 +83,13 @@ AppFolder::AppFolder(const QString& name)
     WriteFile(DatabasePath(), EmptyDatabase());
     const QString path = QDir::toNativeSeparators(m_folder + u'/');
     AppLog().SetLogPath(path);
-    const auto remember = [this](const QString& text) { m_reports.append(text); };
-    // Colours, padding, margins, label width and footer as a start without an INI file loads them;
-    // every report is shown.
-    App() = {path,    path, "Arial", "32", "1", 0, 16576, 8454143,  16512,
-             8454143, 40,   80,      200,  200, 7, 500,   remember, nullptr};
+    AppLog().ShowError = [this](const QString& text) { m_reports.append(text); };
+    Paths() = {path, path};
 }
 
 AppFolder::~AppFolder() {
     AppDatabase().CloseDatabase();
-    App().ShowErrorBox = nullptr;
+    AppLog().ShowError = nullptr;
 }
 
 QString AppFolder::Path(const QString& file) const {

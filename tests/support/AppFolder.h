@@ -5,8 +5,8 @@
 #include <QTemporaryDir>
 #include <QVariant>
 
-/// A fresh application folder for one test: an empty Rankelo.MDB, the default settings, and every
-/// report to the log kept instead of shown. The process-wide values point into it while it lives;
+/// A fresh application folder for one test: an empty Rankelo.MDB, and every report to the
+/// log kept instead of shown. The process-wide values point into it while it lives;
 /// it closes the database at its end.
 class AppFolder {
 public:

@@ -1,0 +1,6 @@
+#include "core/AppPaths.h"
+
+AppPaths& Paths() {
+    static AppPaths paths;
+    return paths;
+}

@@ -1,6 +1,0 @@
-#include "core/AppValues.h"
-
-AppValues& App() {
-    static AppValues values;
-    return values;
-}
