@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Starts that must not succeed: the program says in one line which file is wrong and why, ends
 # with exit status 1, and leaves the folder as it was, byte for byte. And one that must.
-source "$(dirname "$0")/../../scripts/stage/driver.sh"
+source "$(dirname "$0")/../driver/driver.sh"
 
 contents() {
     (cd "$1" && find . -type f -exec sha256sum {} + | sort && find . ! -type f | sort)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A whole quiz evening by keyboard alone, from the empty database to the winner, on the real
 # program: what is stored, what the audience sees, and how the program leaves.
-source "$(dirname "$0")/../../scripts/stage/driver.sh"
+source "$(dirname "$0")/../driver/driver.sh"
 
 black='#000000' first='#00FF00' second='#008000' third='#004000' # the podium's greens
 pair_a='#C04000' pair_b='#804000'                                # every other line below it

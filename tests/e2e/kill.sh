@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The plug is pulled right after a score was confirmed: the score is in the one file that people
 # copy, and the program finds it there at its next start.
-source "$(dirname "$0")/../../scripts/stage/driver.sh"
+source "$(dirname "$0")/../driver/driver.sh"
 
 begin kill
 open_display 1280x720

@@ -5,8 +5,8 @@
 #
 # The driver for printing into files works only as root.
 ((EUID == 0)) || exec sudo env RANKELO_APP_DIR="${RANKELO_APP_DIR:-}" "$0"
-source "$(dirname "$0")/../../scripts/stage/driver.sh"
-source "$(dirname "$0")/../../scripts/stage/print_service.sh"
+source "$(dirname "$0")/../driver/driver.sh"
+source "$(dirname "$0")/../driver/print_service.sh"
 
 # Where the driver puts what somebody prints whom the system does not know.
 out_tray=/var/spool/cups-pdf/ANONYMOUS

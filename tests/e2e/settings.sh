@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The splash, a saved setting that the board takes over, and emptying the database.
-source "$(dirname "$0")/../../scripts/stage/driver.sh"
+source "$(dirname "$0")/../driver/driver.sh"
 
 rows="SELECT (SELECT COUNT(*) FROM Teams), (SELECT COUNT(*) FROM Rounds),
              (SELECT COUNT(*) FROM Results)"
