@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# includes.sh FOLDER: fails when an include in the sources of FOLDER points up the floors of the
-# house, or when classes include each other in a circle.
+# includes.sh FOLDER: fails when an include in the sources of FOLDER points up the layers
+# of the program, or when classes include each other in a circle.
 set -euo pipefail
 shopt -s globstar
 cd "$1"
@@ -17,7 +17,7 @@ found=$(
             split($1, here, "/")
             split($2, there, "/")
             if (!(here[1] in level) || !(there[1] in level))
-                print $1 ": \"" $2 "\" is on no floor of the house"
+                print $1 ": \"" $2 "\" is in no layer"
             else if (level[there[1]] > level[here[1]])
                 print $1 ": \"" $2 "\" points up"
         }' <<<"$includes"

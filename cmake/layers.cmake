@@ -1,6 +1,6 @@
-# rankelo_floor(NAME LINKS...): one floor of the house, a static library made of every source of
+# rankelo_layer(NAME LINKS...): one layer of the program, a static library made of every source of
 # the calling folder. A pair X_unix.cpp / X_win.cpp is reduced to the half for the target system.
-function(rankelo_floor name)
+function(rankelo_layer name)
     file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
     if(WIN32)
         list(FILTER sources EXCLUDE REGEX "_unix\\.cpp$")
