@@ -21,6 +21,10 @@ public:
     qint32 LastIndex() const { return static_cast<qint32>(vObjects.size()) - 1; }
     std::size_t SlotCount() const { return std::max(InitialSlots, vObjects.size()); }
 
+    /// The entries from first to last, for a loop over them.
+    auto begin() const { return vObjects.begin(); }
+    auto end() const { return vObjects.end(); }
+
     void Clear() { vObjects.clear(); }
 
     bool Add(std::shared_ptr<T> object) {
