@@ -9,8 +9,25 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+namespace {
+
+QPointer<QWidget>& errorBoxOwner() {
+    static QPointer<QWidget> owner;
+    return owner;
+}
+
+} // namespace
+
+ErrorBoxesOver::ErrorBoxesOver(QWidget& window)
+    : m_before(std::exchange(errorBoxOwner(), &window)) {}
+
+ErrorBoxesOver::~ErrorBoxesOver() {
+    errorBoxOwner() = m_before;
+}
+
 void ShowErrorBox(const QString& text) {
-    Messages::Inform(QApplication::activeWindow(), text, QStringLiteral("Application Error"));
+    QWidget* owner = errorBoxOwner() ? errorBoxOwner().data() : QApplication::activeWindow();
+    Messages::Inform(owner, text, QStringLiteral("Application Error"));
 }
 
 void ConnectDesktop() {

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -13,23 +14,22 @@ namespace {
     throw RuntimeError(ErrorNumber::Overflow, QStringLiteral("Overflow"));
 }
 
+qint32 narrow(qint64 value) {
+    if (!std::in_range<qint32>(value))
+        overflow();
+    return static_cast<qint32>(value);
+}
+
 } // namespace
 
 std::optional<double> ParseNumber(QStringView text) {
-    const QStringView trimmed = text.trimmed();
-    // A digit must be there: "inf" and "nan" are no scores.
-    bool hasDigit = false;
-    for (const QChar c : trimmed)
-        hasDigit = hasDigit || c.isDigit();
-    if (!hasDigit)
-        return std::nullopt;
-
     for (QLocale locale : {QLocale::c(), QLocale::system()}) {
         locale.setNumberOptions(QLocale::RejectGroupSeparator);
         bool ok = false;
-        const double value = locale.toDouble(trimmed, &ok);
-        // A number beyond the range of double counts as one; it overflows when it is converted.
-        if (ok || std::isinf(value))
+        const double value = locale.toDouble(text.trimmed(), &ok);
+        // The words "inf" and "nan" are read as well, but are no scores. A number beyond the range
+        // of double is not read, but is one: it overflows when it is converted.
+        if (ok == std::isfinite(value))
             return value;
     }
     return std::nullopt;
@@ -61,14 +61,8 @@ qint32 ToInt32(const QVariant& value) {
         throw RuntimeError(ErrorNumber::InvalidUseOfNull, QStringLiteral("Invalid use of Null"));
     switch (value.typeId()) {
     case QMetaType::Int:
-        return value.toInt();
-    case QMetaType::LongLong: {
-        const qlonglong number = value.toLongLong();
-        if (number < std::numeric_limits<qint32>::min() ||
-            number > std::numeric_limits<qint32>::max())
-            overflow();
-        return static_cast<qint32>(number);
-    }
+    case QMetaType::LongLong:
+        return narrow(value.toLongLong());
     case QMetaType::Double:
         return ToInt32(value.toDouble());
     default:
@@ -77,15 +71,13 @@ qint32 ToInt32(const QVariant& value) {
 }
 
 qint32 CheckedAdd(qint32 a, qint32 b) {
-    qint32 sum = 0;
-    if (__builtin_add_overflow(a, b, &sum))
-        overflow();
-    return sum;
+    return narrow(qint64{a} + b);
+}
+
+qint32 CheckedSubtract(qint32 a, qint32 b) {
+    return narrow(qint64{a} - b);
 }
 
 qint32 CheckedMultiply(qint32 a, qint32 b) {
-    qint32 product = 0;
-    if (__builtin_mul_overflow(a, b, &product))
-        overflow();
-    return product;
+    return narrow(qint64{a} * b);
 }

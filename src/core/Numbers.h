@@ -22,6 +22,8 @@ qint32 ToInt32(QStringView text);
 /// A field of the database as a 32-bit integer: error 94 for Null, otherwise as for a text.
 qint32 ToInt32(const QVariant& value);
 
-/// 32-bit sums and products of scores, settings and positions; error 6 instead of a wrapped number.
+// 32-bit sums, differences and products of scores, settings and positions; error 6 instead of a
+// wrapped number.
 qint32 CheckedAdd(qint32 a, qint32 b);
+qint32 CheckedSubtract(qint32 a, qint32 b);
 qint32 CheckedMultiply(qint32 a, qint32 b);

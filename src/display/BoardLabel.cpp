@@ -9,8 +9,6 @@
 namespace {
 
 constexpr double ReadableContrast = 4.5;
-// Far enough for the longest score in the narrowest column; a longer heading is cut.
-constexpr double SmallestShare = 1.0 / 8;
 
 // The share of light that a person perceives of one channel.
 double linear(double channel) {
@@ -49,37 +47,50 @@ QColor BoardLabel::OutlineColor() const {
     return ContrastRatio(fore, Qt::black) >= ContrastRatio(fore, Qt::white) ? Qt::black : Qt::white;
 }
 
-QString BoardLabel::line() const {
-    QString line = text();
-    std::replace_if(
-        line.begin(), line.end(), [](QChar c) { return c.isSpace(); }, u' ');
-    return line;
+void BoardLabel::SetShrinking(double smallestShare, const QString& longest) {
+    m_smallestShare = smallestShare;
+    m_longest = longest;
 }
 
-QFont BoardLabel::fittingFont(int width) const {
+// The room that the text may take: a hair inside the edges, so that no glyph touches them.
+QRectF BoardLabel::textBox() const {
+    const double inset = QFontMetricsF(font()).averageCharWidth() / 4;
+    QRectF box = QRectF(rect()).adjusted(inset, 0, -inset, 0);
+    if (m_cover && m_cover->isVisible())
+        box.setRight(std::min(box.right(), m_cover->x() - x() - inset));
+    return box;
+}
+
+QFont BoardLabel::fittingFont(const QString& text, double width) const {
     QFont fitting = font();
-    if (alignment().testFlag(Qt::AlignLeft))
-        return fitting;
-    const QString text = line();
-    const double smallest = fitting.pointSizeF() * SmallestShare;
-    const auto share = [&] {
-        return width / std::max(1.0, double(QFontMetrics(fitting).horizontalAdvance(text)));
-    };
+    const double smallest = fitting.pointSizeF() * m_smallestShare;
     // Glyphs do not shrink quite as much as their font.
-    for (double fits = share(); fits < 1 && fitting.pointSizeF() > smallest; fits = share())
-        fitting.setPointSizeF(std::max(smallest, fitting.pointSizeF() * std::min(fits, 0.95)));
+    constexpr double step = 0.97;
+    while (fitting.pointSizeF() > smallest) {
+        const QFontMetricsF metrics(fitting);
+        const double needed =
+            std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(m_longest));
+        if (needed <= width)
+            break;
+        fitting.setPointSizeF(std::max(
+            smallest, fitting.pointSizeF() * std::min(step, std::max(0.5, width / needed))));
+    }
     return fitting;
 }
 
 void BoardLabel::paintEvent(QPaintEvent*) {
-    if (text().isEmpty())
+    // In one line, though a name may hold line ends.
+    QString line = text();
+    std::replace_if(
+        line.begin(), line.end(), [](QChar c) { return c.isSpace(); }, u' ');
+    const QRectF box = textBox();
+    if (line.isEmpty() || box.width() <= 0)
         return;
-    // A hair of space, so that no glyph touches the edge of its box.
-    const int inset = QFontMetrics(font()).averageCharWidth() / 4;
-    const QRect box = rect().adjusted(inset, 0, -inset - m_reserve, 0);
-    const QFont drawn = fittingFont(box.width());
-    const QFontMetrics metrics(drawn);
-    const QString shown = metrics.elidedText(line(), Qt::ElideRight, box.width());
+    const QFont drawn = fittingFont(line, box.width());
+    const QFontMetricsF metrics(drawn);
+    const QString shown = metrics.horizontalAdvance(line) <= box.width()
+                              ? line
+                              : metrics.elidedText(line, Qt::ElideRight, box.width());
 
     QPainter painter(this);
     painter.setFont(drawn);
@@ -92,7 +103,7 @@ void BoardLabel::paintEvent(QPaintEvent*) {
         const int directions = std::max(8, static_cast<int>(3 * distance));
         for (int i = 0; i < directions; ++i) {
             const QLineF shift = QLineF::fromPolar(distance, i * 360.0 / directions);
-            painter.drawText(QRectF(box).translated(shift.p2()), flags, shown);
+            painter.drawText(box.translated(shift.p2()), flags, shown);
         }
     }
     painter.setPen(palette().color(QPalette::WindowText));

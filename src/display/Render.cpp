@@ -1,5 +1,7 @@
 #include "display/Render.h"
 
+#include "app/Desktop.h"
+#include "app/WindowTitle.h"
 #include "core/AppPaths.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
@@ -10,31 +12,22 @@
 #include "display/frmSummary.h"
 #include "display/frmViewResults.h"
 
+#include <QScopeGuard>
+
 namespace {
 
 constexpr const char* Component = "Render";
 
-// A line is a tenth higher than its letters: 22 twips to the point, of which there are 20.
-constexpr double TwipsPerPoint = 22;
-constexpr double HeadingScale = 1.5;
-
 // The podium's three shades of green, for places 1, 2 and 3.
 constexpr qint32 PodiumGreens[] = {0x00FF00, 0x008000, 0x004000};
-constexpr qint32 LastPodiumPlace = 3;
 
-qint32 add(qint32 a, qint32 b) {
-    return CheckedAdd(a, b);
-}
+// Numbers are never cut, whatever they shrink to; a heading may shrink to half.
+constexpr double AnyShare = 0.02;
+constexpr double HeadingShare = 0.5;
 
-qint32 subtract(qint32 a, qint32 b) {
-    return ToInt32(static_cast<double>(a) - b);
-}
-
-double divide(double value, double divisor) {
-    if (divisor == 0)
-        throw RuntimeError(ErrorNumber::DivisionByZero, QStringLiteral("Division by zero"));
-    return value / divisor;
-}
+// Scores beyond these are drawn smaller by themselves, not with all others.
+constexpr qint32 LowestUsualScore = -9999;
+constexpr qint32 HighestUsualScore = 99999;
 
 Qt::Alignment alignmentOf(qint32 align) {
     switch (align) {
@@ -68,12 +61,11 @@ Render::Render(const DisplaySettings& settings)
 
 bool Render::ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption) {
     return Guarded("ViewResults", Component, false, [&] {
-        screen.setWindowTitle(caption);
-        for (qint32 i = 0; i <= list.LastIndex(); ++i) {
-            const Summary& row = *list.Item(i);
-            screen.AddRow(QString::number(row.Position), row.TeamName, QString::number(row.Score),
-                          row.Joker ? QStringLiteral("Played") : QString());
-        }
+        screen.SetCaption(caption);
+        for (const auto& row : list)
+            screen.AddRow(QString::number(row->Position), row->TeamName,
+                          QString::number(row->Score),
+                          row->Joker ? QStringLiteral("Played") : QString());
         screen.exec();
         return true;
     });
@@ -82,36 +74,43 @@ bool Render::ViewResults(frmViewResults& screen, const SummaryList& list, const 
 bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QString& heading,
                            qint32 revealFrom) {
     return Guarded("RenderResults", Component, false, [&] {
+        // A box about an error must not open behind the board.
+        const ErrorBoxesOver here(screen);
         m_board = &screen;
-        m_pictures.clear();
-        screen.setWindowTitle(heading);
-        screen.ShowBoard();
-        QPalette palette = board().palette();
+        SetWindowTitle(screen, heading);
+        QPalette palette = screen.palette();
         palette.setColor(QPalette::Window, ColorOf(m_settings.BackGround));
-        board().setPalette(palette);
-
-        m_lineHeight = ToInt32(ToNumber(m_settings.FontSize) * TwipsPerPoint);
-        // Padding and footer are left out of this test, though a column ends before the footer.
-        const double needed = (list.LastIndex() + 1.0) * m_lineHeight;
-        m_columns = board().BoardHeight() < needed ? 2 : 1;
-        m_columnWidth = ToInt32(static_cast<double>(board().BoardWidth()) / m_columns);
-        m_left = 0;
-        m_top = 0;
-        m_counter = 0;
-        if (!renderHeading(heading))
-            return false;
-
-        m_top = CheckedMultiply(2, m_lineHeight);
-        m_left = m_settings.LeftMargin;
-        for (qint32 i = 0; i <= list.LastIndex(); ++i) {
-            const Summary& row = *list.Item(i);
-            if (!RenderLine(row, revealFrom == 0 || row.Position >= revealFrom))
-                return false;
-            nextColumnWhenFull();
-        }
-        board().ShowBoard();
-        return true;
+        screen.setPalette(palette);
+        screen.ShowBoard();
+        board().BeginPage();
+        // Also after a failure: what was drawn until then stays.
+        const auto show = qScopeGuard([this] {
+            if (m_board)
+                m_board->ShowPage();
+        });
+        beginBuild(screen, list);
+        return renderHeading(heading) && renderLines(list, revealFrom);
     });
+}
+
+void Render::beginBuild(const frmSummary& screen, const SummaryList& list) {
+    m_layout.emplace(m_settings, screen.BoardWidth(), screen.BoardHeight(), list.LastIndex() + 1);
+    m_line = {};
+    m_counter = 0;
+    m_pictures.clear();
+    const QFontMetricsF metrics(QFont(m_settings.FontName));
+    const auto keepLonger = [&](QString& longest, qint32 number) {
+        const QString text = QString::number(number);
+        if (metrics.horizontalAdvance(text) > metrics.horizontalAdvance(longest))
+            longest = text;
+    };
+    m_longestPlace.clear();
+    m_longestScore.clear();
+    for (const auto& row : list) {
+        keepLonger(m_longestPlace, row->Position);
+        if (row->Score >= LowestUsualScore && row->Score <= HighestUsualScore)
+            keepLonger(m_longestScore, row->Score);
+    }
 }
 
 bool Render::renderHeading(const QString& heading) {
@@ -120,40 +119,45 @@ bool Render::renderHeading(const QString& heading) {
     element.Align = RenderObject::Centre;
     element.BackColor = m_settings.BackGround;
     element.ForeColor = m_settings.FColorA;
-    element.OHeight = ToInt32(m_lineHeight * HeadingScale);
+    element.OHeight = m_layout->HeadingHeight();
     element.OWidth = board().DisplayWidth();
     element.Text = heading;
     element.FontBold = true;
-    element.FontSize = ToInt32(ToNumber(m_settings.FontSize) * HeadingScale);
+    element.FontSize = m_layout->HeadingSize();
     return RenderLabel(element);
 }
 
-// Tested after a line has been placed, against the top of the next one: the last line of a column
-// may reach into the footer. Columns that do not fit go on beyond the right edge.
-void Render::nextColumnWhenFull() {
-    if (subtract(board().BoardHeight(), m_settings.Footer) < m_top) {
-        m_left = add(m_left, m_columnWidth);
-        m_top = CheckedMultiply(2, m_lineHeight);
+bool Render::renderLines(const SummaryList& list, qint32 revealFrom) {
+    m_line = m_layout->First();
+    for (const auto& row : list) {
+        if (!RenderLine(*row, revealFrom == 0 || row->Position >= revealFrom))
+            return false;
+        m_line = m_layout->Wrapped(m_line);
     }
+    const int outside = m_layout->LinesOutside();
+    board().SetLinesOutside(
+        {outside, outside == 0 ? 0
+                               : LargestFittingSize(m_settings, board().BoardWidth(),
+                                                    board().BoardHeight(), list.LastIndex() + 1)});
+    return true;
 }
 
 bool Render::RenderLine(const Summary& row, bool visible) {
     return Guarded("RenderLine", Component, false, [&] {
-        const RenderObject position = numberBox(row, visible);
-        if (!RenderLabel(position))
+        const RenderObject place = placeBox(row, visible);
+        if (!RenderLabel(place))
             return false;
-        const RenderObject team = teamBox(row, position);
+        const RenderObject team = teamBox(row, place);
         if (!RenderLabel(team))
             return false;
         const RenderObject joker = jokerBox(row, team);
         if (!RenderImage(joker))
             return false;
-        // Only the podium's pictures are ever revealed; there the name must end before them.
-        if (row.Joker && row.Position <= LastPodiumPlace)
+        if (row.Joker)
             board().KeepTextLeftOf(team.Name, joker.Name);
-        if (!RenderLabel(scoreBox(row, position, team)))
+        if (!RenderLabel(scoreBox(row, team)))
             return false;
-        m_top = add(m_top, add(m_lineHeight, m_settings.CellPadY));
+        m_line.Top = m_layout->Below(m_line.Top);
         return true;
     });
 }
@@ -177,13 +181,13 @@ QString Render::nextName() const {
     return QStringLiteral("lblLabel") + QString::number(m_counter);
 }
 
-RenderObject Render::numberBox(const Summary& row, bool visible) const {
+RenderObject Render::placeBox(const Summary& row, bool visible) const {
     RenderObject box(m_settings);
     box.Name = nextName();
     box.Tag = QString::number(row.Position);
     box.Visible = visible;
     box.ForeColor = m_settings.FColorA;
-    if (row.Position >= 1 && row.Position <= LastPodiumPlace) {
+    if (row.Position >= 1 && row.Position <= std::ssize(PodiumGreens)) {
         box.BackColor = PodiumGreens[row.Position - 1];
     } else if (row.Position % 2 != 0) {
         box.BackColor = m_settings.BColorA;
@@ -191,24 +195,21 @@ RenderObject Render::numberBox(const Summary& row, bool visible) const {
         box.BackColor = m_settings.BColorB;
         box.ForeColor = m_settings.FColorB;
     }
-    box.OLeft = m_left;
-    box.OTop = m_top;
-    box.OHeight = m_lineHeight;
-    // The label width is a divisor; twice of it in one column keeps the box as wide as in two.
-    const double divisor = m_settings.LabelWidth * (m_columns == 1 ? 2.0 : 1.0);
-    box.OWidth = ToInt32(divide(m_columnWidth, divisor) - m_settings.RightMargin);
+    box.OLeft = m_line.Left;
+    box.OTop = m_line.Top;
+    box.OHeight = m_layout->LineHeight();
+    box.OWidth = m_layout->NumberWidth();
     box.Text = QString::number(row.Position);
     box.Align = RenderObject::Centre;
     return box;
 }
 
-RenderObject Render::teamBox(const Summary& row, const RenderObject& position) const {
-    RenderObject box = position;
+RenderObject Render::teamBox(const Summary& row, const RenderObject& place) const {
+    RenderObject box = place;
     box.Name = nextName();
     box.Align = RenderObject::Left;
-    box.OWidth = ToInt32(static_cast<double>(m_columnWidth) - 2.0 * position.OWidth -
-                         (static_cast<double>(m_settings.LeftMargin) + m_settings.RightMargin));
-    box.OLeft = add(position.OLeft, add(m_settings.CellPadX, position.OWidth));
+    box.OWidth = m_layout->NameWidth();
+    box.OLeft = m_layout->NameLeft(m_line.Left);
     box.Text = row.TeamName;
     return box;
 }
@@ -219,17 +220,16 @@ RenderObject Render::jokerBox(const Summary& row, const RenderObject& team) cons
     box.Name = nextName();
     if (row.Joker)
         box.FileName = Paths().AppPath + QStringLiteral("JOKER.BMP");
-    box.OWidth = box.OHeight = m_lineHeight;
-    box.OLeft = subtract(add(team.OLeft, team.OWidth), box.OWidth);
+    box.OWidth = box.OHeight = m_layout->LineHeight();
+    box.OLeft = CheckedSubtract(CheckedAdd(team.OLeft, team.OWidth), box.OWidth);
     return box;
 }
 
-RenderObject Render::scoreBox(const Summary& row, const RenderObject& position,
-                              const RenderObject& team) const {
+RenderObject Render::scoreBox(const Summary& row, const RenderObject& team) const {
     RenderObject box = team;
     box.Name = nextName();
-    box.OWidth = position.OWidth;
-    box.OLeft = add(team.OLeft, add(m_settings.CellPadX, team.OWidth));
+    box.OWidth = m_layout->NumberWidth();
+    box.OLeft = m_layout->ScoreLeft(m_line.Left);
     box.Text = QString::number(row.Score);
     box.Align = RenderObject::Right;
     return box;
@@ -243,6 +243,11 @@ bool Render::RenderLabel(const RenderObject& element) {
         label.setText(element.Text);
         label.SetColors(ColorOf(element.BackColor), ColorOf(element.ForeColor));
         label.setAlignment(alignmentOf(element.Align));
+        if (element.Tag.isEmpty())
+            label.SetShrinking(HeadingShare);
+        else if (element.Align != RenderObject::Left)
+            label.SetShrinking(AnyShare, element.Align == RenderObject::Right ? m_longestScore
+                                                                              : m_longestPlace);
         label.setProperty(TagProperty, element.Tag);
         label.setVisible(element.Visible);
         ++m_counter;

@@ -2,6 +2,7 @@
 
 #include "core/DisplaySettings.h"
 #include "data/SummaryDAO.h"
+#include "display/BoardLayout.h"
 #include "display/RenderObject.h"
 
 #include <QHash>
@@ -9,6 +10,8 @@
 #include <QPointer>
 #include <QString>
 #include <QtGlobal>
+
+#include <optional>
 
 class frmSummary;
 class frmViewResults;
@@ -23,8 +26,8 @@ public:
 
     /// Fills the results list, shows it and returns when it is closed.
     bool ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption);
-    /// Builds the whole board and shows it. Lines of positions before `revealFrom` start hidden;
-    /// 0 shows every line.
+    /// Builds the whole board and shows it, once it is whole. Lines of positions before
+    /// `revealFrom` start hidden; 0 shows every line.
     bool RenderResults(frmSummary& screen, const SummaryList& list, const QString& heading,
                        qint32 revealFrom);
     /// Adds one line at the current place of the board being built.
@@ -34,13 +37,13 @@ public:
     bool RenderImage(const RenderObject& element);
 
 private:
+    void beginBuild(const frmSummary& screen, const SummaryList& list);
     bool renderHeading(const QString& heading);
-    void nextColumnWhenFull();
-    RenderObject numberBox(const Summary& row, bool visible) const;
-    RenderObject teamBox(const Summary& row, const RenderObject& position) const;
+    bool renderLines(const SummaryList& list, qint32 revealFrom);
+    RenderObject placeBox(const Summary& row, bool visible) const;
+    RenderObject teamBox(const Summary& row, const RenderObject& place) const;
     RenderObject jokerBox(const Summary& row, const RenderObject& team) const;
-    RenderObject scoreBox(const Summary& row, const RenderObject& position,
-                          const RenderObject& team) const;
+    RenderObject scoreBox(const Summary& row, const RenderObject& team) const;
     QString nextName() const;
     /// Error 91 when no board is being built, or when it was closed meanwhile.
     frmSummary& board() const;
@@ -49,11 +52,10 @@ private:
 
     const DisplaySettings m_settings;
     QPointer<frmSummary> m_board;
+    std::optional<BoardLayout> m_layout;
+    BoardLayout::Place m_line;          ///< where the next line goes
+    QString m_longestPlace;             ///< by which all places of the board get one size
+    QString m_longestScore;             ///< the same for the scores
+    qint32 m_counter = 0;               ///< controls created so far; makes names unique
     QHash<QString, QPixmap> m_pictures; ///< loaded for this board
-    qint32 m_columnWidth = 0;
-    qint32 m_lineHeight = 0;
-    qint32 m_left = 0;
-    qint32 m_top = 0;
-    qint32 m_counter = 0; ///< controls created so far; makes names unique
-    qint32 m_columns = 1;
 };

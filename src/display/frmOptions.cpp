@@ -9,6 +9,7 @@
 #include "core/Numbers.h"
 #include "data/DBObject.h"
 #include "display/BoardGeometry.h"
+#include "display/BoardLayout.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -22,8 +23,6 @@
 namespace {
 
 constexpr const char* Component = "frmOptions";
-/// Three characters a size.
-const QString Sizes = QStringLiteral("8  9  10 11 12 14 16 18 20 22 24 26 28 30 32 34 40 52 70");
 constexpr int SizeLength = 3;
 const QString DebugOn = QStringLiteral("1");
 const QString DebugOff = QStringLiteral("0");
@@ -219,8 +218,8 @@ QWidget* frmOptions::makeButton(const char* name, const QString& icon, const QSt
 
 void frmOptions::load() {
     cboDisplayFont->addItems(QFontDatabase::families());
-    for (qsizetype i = 0; i < Sizes.size(); i += SizeLength)
-        cboDisplaySize->addItem(Sizes.mid(i, SizeLength).trimmed());
+    for (const int size : ListedSizes())
+        cboDisplaySize->addItem(QString::number(size));
     selectOrKeep(*cboDisplayFont, m_settings.FontName);
     selectOrKeep(*cboDisplaySize, m_settings.FontSize);
     for (const auto& [swatch, setting] : m_swatches)

@@ -7,14 +7,11 @@
 #include "display/BoardLabel.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
-
-#include <chrono>
-#include <thread>
+#include <QTimer>
 
 namespace {
 
@@ -37,6 +34,11 @@ frmSummary::frmSummary(const QWidget* console)
     QScreen* screen = screenBeside(console);
     setScreen(screen);
     setGeometry(screen->geometry());
+    // A desktop may leave the window as it is when the projector gets another resolution.
+    connect(screen, &QScreen::geometryChanged, this, [this, screen](const QRect& geometry) {
+        if (screen == this->screen())
+            setGeometry(geometry);
+    });
     // The projector is unplugged: the board goes with it instead of covering the console.
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this](const QScreen* removed) {
         if (removed == this->screen())
@@ -44,27 +46,46 @@ frmSummary::frmSummary(const QWidget* console)
     });
 }
 
-void frmSummary::ShowBoard() {
-    // The operator's keys wait until the board is there.
-    constexpr auto events = QEventLoop::ExcludeUserInputEvents;
-    if (isVisible()) {
-        QCoreApplication::processEvents(events);
+void frmSummary::Build(std::function<void()> build) {
+    m_build = std::move(build);
+    const QPointer<frmSummary> self(this);
+    buildForThisSize();
+    if (!self)
         return;
-    }
-    showFullScreen();
+    // A box about an error of the build may have taken the keyboard.
     raise();
     activateWindow();
-    // The window manager may take a moment to grant the full screen, and the screen may go away.
-    constexpr int patience = 500;
+}
+
+void frmSummary::buildForThisSize() {
+    if (m_isBuilding) // It looks at the size again before it ends.
+        return;
+    m_isBuilding = true;
     const QPointer<frmSummary> self(this);
-    QElapsedTimer waited;
-    waited.start();
-    do {
-        QCoreApplication::processEvents(events);
-        if (!self || size() == screen()->size())
-            break;
-        std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    } while (waited.elapsed() < patience);
+    constexpr int mostTimes = 3;
+    for (int times = 0; times < mostTimes && size() != m_builtFor; ++times) {
+        m_build();
+        if (!self)
+            return;
+    }
+    m_isBuilding = false;
+    emit built();
+}
+
+// The window manager may grant the full screen late, or the projector wake up late.
+void frmSummary::resizeEvent(QResizeEvent*) {
+    if (m_build)
+        QTimer::singleShot(0, this, [this] { buildForThisSize(); });
+}
+
+void frmSummary::ShowBoard() {
+    if (!isVisible()) {
+        showFullScreen();
+        raise();
+        activateWindow();
+    }
+    // The operator's keys wait until the board is there.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 qint32 frmSummary::BoardWidth() const {
@@ -77,6 +98,24 @@ qint32 frmSummary::BoardHeight() const {
 
 qint32 frmSummary::DisplayWidth() const {
     return PixelsToTwips(screen()->geometry().width(), Dpi());
+}
+
+void frmSummary::BeginPage() {
+    delete m_newPage;
+    m_newPage = new QWidget(this);
+    m_newPage->hide();
+    m_newPage->setGeometry(rect());
+    m_builtFor = size();
+    m_controls.clear();
+    m_byName.clear();
+}
+
+void frmSummary::ShowPage() {
+    for (const qint32 position : std::as_const(m_revealed))
+        SetLineVisible(position);
+    delete m_page;
+    m_page = std::exchange(m_newPage, nullptr);
+    m_page->show();
 }
 
 void frmSummary::checkNew(const QString& name) const {
@@ -93,43 +132,56 @@ void frmSummary::add(QWidget& control, const QString& name) {
 
 BoardLabel& frmSummary::AddLabel(const QString& name) {
     checkNew(name);
-    auto* label = new BoardLabel(this);
+    auto* label = new BoardLabel(m_newPage);
     add(*label, name);
     return *label;
 }
 
 QLabel& frmSummary::AddPicture(const QString& name) {
     checkNew(name);
-    auto* picture = new QLabel(this);
+    auto* picture = new QLabel(m_newPage);
     add(*picture, name);
     return *picture;
 }
 
 void frmSummary::KeepTextLeftOf(const QString& label, const QString& picture) {
-    auto* text = qobject_cast<BoardLabel*>(m_byName.value(label));
-    const QWidget* covering = m_byName.value(picture);
-    if (text && covering)
-        text->SetReserve(text->geometry().right() + 1 - covering->x());
+    if (auto* text = qobject_cast<BoardLabel*>(m_byName.value(label)))
+        text->SetCover(m_byName.value(picture));
+}
+
+void frmSummary::SetLinesOutside(const Overflow& overflow) {
+    m_overflow = overflow;
 }
 
 bool frmSummary::SetLineVisible(qint32 position) {
     return Guarded("SetLineVisible", "frmSummary", false, [&] {
+        m_revealed.insert(position);
         for (qsizetype i = m_controls.size() - 1; i >= 0; --i) {
             QWidget* control = m_controls[i];
             if (!control->objectName().startsWith(QStringLiteral("lblLabel")))
                 continue;
             const auto tag = ParseNumber(control->property(TagProperty).toString());
-            if (tag && *tag == position)
+            if (tag && *tag == position) {
                 control->setVisible(true);
+                control->update(); // a name now ends before its joker
+            }
         }
         return true;
     });
 }
 
+// As typed: with Alt or the Windows key held it is a command of the desktop's.
+void frmSummary::Reveal(const QKeyEvent& key) {
+    const QString text = key.text();
+    const bool isTyped =
+        !(key.modifiers() & (Qt::AltModifier | Qt::MetaModifier | Qt::ControlModifier));
+    if (isTyped && (text == u"1" || text == u"2" || text == u"3"))
+        SetLineVisible(text.toInt());
+}
+
 void frmSummary::keyPressEvent(QKeyEvent* event) {
-    const QString key = event->text();
     if (event->key() == Qt::Key_Escape)
         close();
-    else if (key == u"1" || key == u"2" || key == u"3")
-        SetLineVisible(key.toInt());
+    else
+        Reveal(*event);
 }

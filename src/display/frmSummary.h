@@ -2,7 +2,10 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QWidget>
+
+#include <functional>
 
 class BoardLabel;
 class QLabel;
@@ -17,6 +20,10 @@ public:
     /// `console` is the window whose screen is left to the operator; may be null.
     explicit frmSummary(const QWidget* console);
 
+    /// Builds the board, and builds it anew whenever it gets another size: with the same lines
+    /// hidden, and those revealed that were. `build` puts one page on the board.
+    void Build(std::function<void()> build);
+
     /// Shows the board without waiting for it, and lets it reach its final size.
     void ShowBoard();
 
@@ -27,24 +34,53 @@ public:
     qint32 DisplayWidth() const;
     int Dpi() const { return logicalDpiY(); }
 
-    /// Adds a hidden control under a name that must be new on this board (error 5).
+    /// Begins a page, on which controls are put. The page before it stays to be seen until this
+    /// one is shown, so that nobody ever sees half a board.
+    void BeginPage();
+    void ShowPage();
+
+    /// Adds a hidden control to the page, under a name that must be new there (error 5).
     BoardLabel& AddLabel(const QString& name);
     QLabel& AddPicture(const QString& name);
 
-    /// Ends a label's text before a picture that lies over its right end.
+    /// Ends a label's text before a picture that lies over its right end, once that shows.
     void KeepTextLeftOf(const QString& label, const QString& picture);
 
     /// Makes every element of a position's line visible, tied teams' lines together.
     bool SetLineVisible(qint32 position);
+    /// Reveals what a typed character stands for: "3", "2" or "1"; nothing for any other.
+    void Reveal(const QKeyEvent& key);
+
+    /// What the hall cannot see: lines that are outside the board in part or whole, and the
+    /// largest listed font size, in points, with which none would be; 0 for no such size.
+    struct Overflow {
+        int Lines = 0;
+        int FittingSize = 0;
+    };
+    const Overflow& LinesOutside() const { return m_overflow; }
+    void SetLinesOutside(const Overflow& overflow);
+
+signals:
+    /// The board was built, for the first time or anew.
+    void built();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void checkNew(const QString& name) const;
     void add(QWidget& control, const QString& name);
+    void checkNew(const QString& name) const;
+    void buildForThisSize();
 
-    QList<QWidget*> m_controls; ///< in the order of their creation
+    std::function<void()> m_build;
+    bool m_isBuilding = false;
+    QSize m_builtFor; ///< the size for which the newest page was begun
+    QSet<qint32> m_revealed;
+    Overflow m_overflow;
+    QWidget* m_page = nullptr;    ///< what is seen
+    QWidget* m_newPage = nullptr; ///< what is being built
+    QList<QWidget*> m_controls;   ///< of the page begun last, in the order of their creation
     QHash<QString, QWidget*> m_byName;
 };
 

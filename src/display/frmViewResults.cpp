@@ -3,6 +3,7 @@
 #include "app/PictureButton.h"
 #include "app/RecordList.h"
 #include "app/Theme.h"
+#include "app/WindowTitle.h"
 #include "app/modCommon.h"
 #include "core/Guard.h"
 #include "core/RuntimeError.h"
@@ -38,7 +39,7 @@ frmViewResults::frmViewResults(QWidget* parent)
     , cmdPrint(new PictureButton(QStringLiteral("cmdPrint"), QStringLiteral("print"),
                                  QStringLiteral("Print Results"))) {
     setObjectName(QStringLiteral("frmViewResults"));
-    setWindowTitle(QStringLiteral("View Results"));
+    SetCaption(QStringLiteral("View Results"));
     lvResults->header()->setStretchLastSection(false);
     lvResults->header()->setSectionResizeMode(TeamNameColumn, QHeaderView::Stretch);
     lvResults->headerItem()->setTextAlignment(ScoreColumn, Qt::AlignRight | Qt::AlignVCenter);
@@ -64,6 +65,11 @@ frmViewResults::frmViewResults(QWidget* parent)
     resize(90 * Theme::Unit, 70 * Theme::Unit);
 
     Guarded("Form_Load", Component, [this] { listPrinters(); });
+}
+
+void frmViewResults::SetCaption(const QString& caption) {
+    m_caption = caption;
+    SetWindowTitle(*this, caption);
 }
 
 void frmViewResults::AddRow(const QString& position, const QString& teamName, const QString& score,
@@ -92,5 +98,5 @@ void frmViewResults::print() {
         const QTreeWidgetItem* item = lvResults->topLevelItem(i);
         rows.append({item->text(0), item->text(TeamNameColumn), item->text(ScoreColumn)});
     }
-    ResultsPage::Print(printer, windowTitle(), rows);
+    ResultsPage::Print(printer, m_caption, rows);
 }

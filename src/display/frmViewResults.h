@@ -14,6 +14,8 @@ class frmViewResults : public QDialog {
 public:
     explicit frmViewResults(QWidget* parent = nullptr);
 
+    /// The title of the window and of the printed page.
+    void SetCaption(const QString& caption);
     /// Appends a row as it shall stand in the table.
     void AddRow(const QString& position, const QString& teamName, const QString& score,
                 const QString& joker);
@@ -22,6 +24,7 @@ private:
     void listPrinters();
     void print();
 
+    QString m_caption;
     RecordList* lvResults;
     QComboBox* cboPrinter;
     PictureButton* cmdPrint;

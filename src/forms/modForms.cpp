@@ -44,11 +44,13 @@ Standings standingsOf(qint32 mode, const QString& roundKey) {
 }
 
 // A board that is still open goes first: each build gets a fresh screen.
-void showOnBoard(const Standings& standings, qint32 revealFrom) {
+void showOnBoard(Standings standings, qint32 revealFrom) {
     delete theBoard;
     theBoard = new frmSummary(theConsole);
-    Render(modCommon::AppSettings())
-        .RenderResults(*theBoard, *standings.list, standings.title, revealFrom);
+    theBoard->Build(
+        [board = theBoard.data(), settings = modCommon::AppSettings(),
+         list = std::shared_ptr(std::move(standings.list)), title = standings.title,
+         revealFrom] { Render(settings).RenderResults(*board, *list, title, revealFrom); });
 }
 
 void showInWindow(const Standings& standings) {
@@ -105,11 +107,11 @@ void modForms::ShowSplash() {
 
 void modForms::ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey) {
     Guarded("ViewResults", Component, [&] {
-        const Standings standings = standingsOf(mode, roundKey);
+        Standings standings = standingsOf(mode, roundKey);
         if (!standings.list)
             return;
         if (mode == RoundOnBoard || mode == OverallOnBoard)
-            showOnBoard(standings, revealFrom);
+            showOnBoard(std::move(standings), revealFrom);
         else if (mode == RoundInWindow || mode == OverallInWindow)
             showInWindow(standings);
     });

@@ -1,7 +1,10 @@
 #include "TestBoard.h"
+#include "app/Desktop.h"
 #include "display/BoardLabel.h"
 #include "support/Operator.h"
+#include "support/PaintRecorder.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -129,6 +132,9 @@ private slots:
             QCOMPARE(board.Screen->geometry(), board.Screen->screen()->geometry());
             QVERIFY(QTest::qWaitForWindowActive(board.Screen));
             Type(keys);
+            for (const auto held : {Qt::AltModifier, Qt::MetaModifier})
+                if (revealFrom == 4 && !QString(keys).contains("2"))
+                    Press(Qt::Key_2, held); // a command of the desktop's
             QString shown;
             for (int i = 0; i < 32; i += 4) {
                 const QLabel& joker = board.Element(i + 3);
@@ -141,34 +147,173 @@ private slots:
         }
     }
 
-    // Every pair of colours that the board can have is readable, by itself or by its outline, and
-    // no letter reaches the edges of its box or the place that a picture takes.
+    // Every pair of colours that the board can have is readable, by itself or by an outline that
+    // is really painted, and no letter reaches the edges of its box or the picture over its end.
     void drawsReadably() {
         // The lightest grey that is readable on white.
         QCOMPARE(qRound(ContrastRatio(QColor(0x767676), Qt::white) * 100), 454);
-        const std::pair<QString, Qt::AlignmentFlag> texts[] = {
-            {QString(300, u'W'), Qt::AlignLeft},
-            {QString(300, u'W'), Qt::AlignHCenter},
-            {"-2147483648", Qt::AlignRight},
-            {"-2147483641", Qt::AlignRight}};
-        BoardLabel label(nullptr);
+        QWidget page;
+        BoardLabel label(&page);
+        QWidget joker(&page);
         label.setFont(QFont("Arial", 32));
-        label.SetReserve(60);
-        label.resize(138, 47);
+        label.setText(QString(300, u'W'));
+        label.setGeometry(0, 0, 138, 47);
+        joker.setGeometry(78, 0, 60, 47);
+        label.SetCover(&joker);
+        page.show();
         for (const QColor fore : {0x000000, 0x808080, 0xFFFFFF, 0xFF0000, 0x0000FF, 0xFFFF80})
-            for (const QColor back : {0x000001, 0x808081, 0xFFFFFE, 0x00FF00, 0x004000}) {
-                label.SetColors(back, fore);
-                const QColor outline = label.OutlineColor();
-                QVERIFY(ContrastRatio(fore, outline.isValid() ? outline : back) >= 4.5);
-                QImage last;
-                for (const auto& [text, align] : texts) {
-                    label.setText(text);
-                    label.setAlignment(align | Qt::AlignVCenter);
+            for (const QColor back : {0x000001, 0x808081, 0xFFFFFE, 0x00FF00, 0x004000})
+                for (const bool isCovered : {false, true}) {
+                    label.SetColors(back, fore);
+                    joker.setVisible(isCovered);
                     const QImage picture = label.grab().toImage();
+                    const int end = isCovered ? 78 : 138;
+                    QSet<QRgb> colours;
                     for (int y = 0; y < picture.height(); ++y)
-                        for (const int x : {0, 77})
-                            QCOMPARE(picture.pixelColor(x, y), back);
-                    QVERIFY2(picture != std::exchange(last, picture), "a digit of a score is cut");
+                        for (int x = 0; x < picture.width(); ++x) {
+                            const QRgb colour = picture.pixel(x, y);
+                            QVERIFY(colour == back.rgb() || (x > 0 && x < end - 1));
+                            colours.insert(colour);
+                        }
+                    const QColor outline = label.OutlineColor();
+                    const QColor around = outline.isValid() ? outline : back;
+                    QVERIFY(ContrastRatio(fore, around) >= 4.5);
+                    QVERIFY(colours.contains(fore.rgb()) && colours.contains(around.rgb()));
+                }
+    }
+
+    // Places and usual scores are drawn whole, each kind in one size on one board, whatever the
+    // screen, the size of the list, the typeface and the number of columns.
+    void drawsEveryNumberWhole() {
+        const int widths[] = {800,  1024, 1097, 1280, 1366, 1440, 1536,
+                              1600, 1680, 1707, 1920, 2560, 3840};
+        const qint32 scores[] = {-9999, 9, 99999, 100, 12345678};
+        SummaryList list;
+        for (qint32 position = 116; const qint32 score : scores)
+            list.Add(std::make_shared<Summary>(Summary{"Team", score, false, position++}));
+        for (const char* typeface : {"Arial", "Courier New", "Times New Roman", "DejaVu Sans"})
+            for (const int points : ListedSizes())
+                for (const int width : widths)
+                    for (const int height : {points * 9, 2160}) { // two columns and one
+                        const TestBoard board({width, height});
+                        DisplaySettings settings;
+                        settings.FontName = typeface;
+                        settings.FontSize = QString::number(points);
+                        settings.FColorA = settings.FColorB = 0xFFFFFF; // needs no outline
+                        settings.BColorA = settings.BColorB = 0;
+                        QVERIFY(Render(settings).RenderResults(*board.Screen, list, "x", 0));
+                        QSet<double> sizes[2];
+                        for (int i = 0; i < list.LastIndex(); ++i)
+                            for (const int part : {1, 4}) {
+                                QLabel& label = board.Element(4 * i + part);
+                                const RecordedWidget drawn(label);
+                                QCOMPARE(drawn.Recorder.Texts.size(), 1);
+                                const auto& [place, text, advance, font] = drawn.Recorder.Texts[0];
+                                QCOMPARE(text, label.text());
+                                QVERIFY2(place.x() >= 0 && place.x() + advance <= label.width(),
+                                         qPrintable(text));
+                                sizes[part / 4].insert(font.pointSizeF());
+                            }
+                        QVERIFY(sizes[0].size() == 1 && sizes[1].size() == 1);
+                        const RecordedWidget unusual(board.Element(4 * list.LastIndex() + 4));
+                        const auto alone = unusual.Recorder.Texts.value(0);
+                        QCOMPARE(alone.Content, "12345678");
+                        const double usual = *sizes[1].begin();
+                        QVERIFY(usual == points || alone.Font.pointSizeF() < usual);
+                    }
+    }
+
+    // The heading shrinks to half of its size, and only then ends in an ellipsis.
+    void shrinksTheHeading() {
+        const TestBoard board({800, 600});
+        for (const auto& [length, isWhole] : {std::pair(15, true), {30, true}, {120, false}}) {
+            const QString heading = QString(length, u'n');
+            QVERIFY(Render({}).RenderResults(*board.Screen, RowsAt({}), heading, 0));
+            const RecordedWidget drawn(Control<QLabel>(*board.Screen, "lblHeading"));
+            const auto& [place, text, advance, font] = drawn.Recorder.Texts.last();
+            QCOMPARE(text == heading, isWhole);
+            QVERIFY(font.pointSizeF() >= 24 && (length > 15 || font.pointSizeF() == 48));
+        }
+    }
+
+    // A name takes the joker's place until the joker shows.
+    void endsANameBeforeItsJoker() {
+        const TestBoard board;
+        SummaryList list;
+        list.Add(std::make_shared<Summary>(Summary{QString(300, u'n'), 5, true, 1}));
+        QVERIFY(board.Render(list));
+        QLabel& name = board.Element(2);
+        const double room = board.Element(3).x() - name.x();
+        for (const bool isRevealed : {false, true}) {
+            const RecordedWidget drawn(name);
+            const auto& text = drawn.Recorder.Texts.last();
+            QCOMPARE(text.Place.x() + text.Width <= room, isRevealed);
+            board.Screen->SetLineVisible(1);
+        }
+    }
+
+    // The operator who wants to see errors sees them over the board, which then has the keyboard.
+    void tellsErrorsOverTheBoard() {
+        const TestBoard board({}, "LabelWidth=0 DebugMode=1");
+        QWidget console;
+        ShowScreen(console);
+        ConnectDesktop();
+        const ModalAnswers answers({[&](QDialog& box) {
+            QCOMPARE(box.parentWidget(), board.Screen);
+            Press(Qt::Key_Return);
+        }});
+        board.Screen->Build([&] { QVERIFY(!board.Render(RowsAt({1, 2}))); });
+        QVERIFY(answers.AllGiven());
+        QTRY_VERIFY(board.Screen->isActiveWindow());
+    }
+
+    // The window gets another size while the board is open: it is laid out anew for it, with what
+    // was revealed, and only that.
+    void fitsTheSizeThatItGets() {
+        const QList<int> rows{-1, 2, 3, 4};
+        const QSize sizes[] = {{800, 600}, {1003, 100}};
+        const QString expected[] = {placesOf(sizes[0], rows, ""), placesOf(sizes[1], rows, "")};
+        const TestBoard board({1200, 700});
+        frmSummary& screen = *board.Screen;
+        screen.Build([&] { Render({}).RenderResults(screen, RowsAt(rows), "x", 4); });
+        const QSignalSpy built(&screen, &frmSummary::built);
+        Type("1");
+        for (int i = 0; i < 2; ++i) {
+            screen.resize(sizes[i]);
+            QTRY_COMPARE(built.size(), i + 1);
+            QCOMPARE(board.Places(), expected[i]);
+            QVERIFY(board.Element(1).isVisible() && board.Element(3).isVisible());
+            QVERIFY(!board.Element(5).isVisible() && board.Element(13).isVisible());
+        }
+    }
+
+    // What is said about lines outside is what is seen, and the size that is advised is the largest
+    // that helps.
+    void countsLinesOutside() {
+        for (const QSize size : {QSize(800, 600), QSize(1280, 720), QSize(1366, 768)})
+            for (const int teams : {1, 12, 13, 17, 24, 40}) {
+                const TestBoard board(size);
+                const auto outside = [&](DisplaySettings settings) {
+                    if (!Render(settings).RenderResults(*board.Screen, RowsAt(QList<int>(teams, 9)),
+                                                        "x", 0))
+                        return -1;
+                    int lines = 0;
+                    for (int i = 0; i < teams; ++i) {
+                        const QRect line = board.Element(4 * i + 1).geometry() |
+                                           board.Element(4 * i + 4).geometry();
+                        lines += board.Screen->rect().contains(line) ? 0 : 1;
+                    }
+                    return lines;
+                };
+                const int lines = outside({});
+                const auto [told, advised] = board.Screen->LinesOutside();
+                QCOMPARE(told, lines);
+                QCOMPARE(advised > 0, lines > 0);
+                for (const int points : ListedSizes()) {
+                    DisplaySettings settings;
+                    settings.FontSize = QString::number(points);
+                    if (lines > 0 && points >= advised)
+                        QCOMPARE(outside(settings) == 0, points == advised);
                 }
             }
     }

@@ -16,6 +16,11 @@ Function screenFunction(const char* name) {
         QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name));
 }
 
+QJsonObject screens() {
+    return screenFunction<QJsonObject (*)(QPlatformNativeInterface*)>("configuration")(
+        QGuiApplication::platformNativeInterface());
+}
+
 void setScreens(const QJsonObject& setup) {
     screenFunction<void (*)(const QJsonObject&, QPlatformNativeInterface*)>("setConfiguration")(
         setup, QGuiApplication::platformNativeInterface());
@@ -57,9 +62,26 @@ private slots:
         QCOMPARE(board.Places(), "17 75 55 38|75 75 857 38|894 75 38 38|935 75 55 38");
     }
 
+    // A projector that changes its resolution while the board is open.
+    void followsTheResolution() {
+        const QJsonObject before = screens();
+        QJsonObject after = before;
+        QJsonArray list = before["screens"].toArray();
+        QJsonObject projector = list[1].toObject();
+        projector["width"] = 800;
+        list[1] = projector;
+        after["screens"] = list;
+        const TestBoard board;
+        board.Screen->Build([&] { QVERIFY(board.Render(RowsAt({1}))); });
+        const QRect name = board.Element(2).geometry();
+        setScreens(after);
+        QTRY_COMPARE(board.Screen->width(), 800);
+        QTRY_VERIFY(board.Element(2).geometry().right() < name.right() - 150);
+        setScreens(before);
+    }
+
     void goesWithItsScreen() {
-        const auto both = screenFunction<QJsonObject (*)(QPlatformNativeInterface*)>(
-            "configuration")(QGuiApplication::platformNativeInterface());
+        const QJsonObject both = screens();
         QJsonObject alone = both;
         alone["screens"] = QJsonArray{both["screens"].toArray()[0]};
         QWidget console;
