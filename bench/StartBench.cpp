@@ -2,7 +2,7 @@
 
 #include "app/Desktop.h"
 #include "app/FontSearch.h"
-#include "app/HeldKeys.h"
+#include "app/InputGuard.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
 #include "core/AppPaths.h"
@@ -125,7 +125,7 @@ bool RunStartOnce(const QString& operation, std::jthread& search) {
         Theme::Apply(*qApp);
         std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
         ConnectDesktop();
-        IgnoreHeldKeys(*qApp);
+        InstallInputGuard(*qApp);
         if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
             return false;
         frmMain window;

@@ -1,6 +1,6 @@
 #include "app/Desktop.h"
 #include "app/FontSearch.h"
-#include "app/HeldKeys.h"
+#include "app/InputGuard.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
 #include "core/AppPaths.h"
@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
     Theme::Apply(application);
     std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
     ConnectDesktop();
-    IgnoreHeldKeys(application);
+    InstallInputGuard(application);
 
     const std::unique_ptr<frmMain> console = Main(fonts);
     if (!console) {

@@ -1,5 +1,6 @@
 #include "forms/frmRoundEntry.h"
 
+#include "app/InputGuard.h"
 #include "app/PictureButton.h"
 #include "app/Theme.h"
 #include "core/Guard.h"
@@ -28,6 +29,8 @@ frmRoundEntry::frmRoundEntry(QWidget* parent)
                                  QStringLiteral("Move the selected round up"));
     auto* down = new PictureButton(QStringLiteral("cmdMove_1"), QStringLiteral("move-down"),
                                    QStringLiteral("Move the selected round down"));
+    for (QWidget* button : {up, down}) // two places at two fast clicks
+        button->setProperty(EveryClickCounts, true);
     buttons().addSpacing(Theme::Unit);
     buttons().addWidget(up);
     buttons().addWidget(down);

@@ -1,6 +1,6 @@
 #include "support/Operator.h"
 
-#include "app/HeldKeys.h"
+#include "app/InputGuard.h"
 #include "app/Theme.h"
 
 #include <QApplication>
@@ -37,7 +37,7 @@ QWindow& keyboardWindow() {
 
 void PrepareApplication() {
     Theme::Apply(*qApp);
-    IgnoreHeldKeys(*qApp);
+    InstallInputGuard(*qApp);
 }
 
 void ShowScreen(QWidget& screen) {

@@ -1,0 +1,115 @@
+#include "app/InputGuard.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTimer>
+#include <QWindow>
+
+#include <memory>
+
+namespace {
+
+// An X server tells of a repeated press as a release and a press of the same moment, and the
+// toolkit often sees the release before the press has arrived. So each release waits for that long.
+constexpr int ReleaseMilliseconds = 5;
+
+bool isGuarded(int key) {
+    const bool isText = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape ||
+           (key == Qt::Key_Space && !isText);
+}
+
+class InputGuard : public QObject {
+public:
+    explicit InputGuard(QApplication& application)
+        : QObject(&application)
+        , m_pairsRepeats(QGuiApplication::platformName() == u"xcb") {
+        m_release.timer.setSingleShot(true);
+        connect(&m_release.timer, &QTimer::timeout, this, [this] { letReleaseGo(); });
+        application.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            return watched->isWindowType() &&
+                   filterKey(*static_cast<QWindow*>(watched), *static_cast<QKeyEvent*>(event));
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return watched->isWidgetType() &&
+                   filterClick(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
+        default:
+            return false;
+        }
+    }
+
+private:
+    bool filterKey(QWindow& window, const QKeyEvent& event) {
+        if (m_release.isOnItsWay || !isGuarded(event.key()))
+            return false;
+        if (event.isAutoRepeat())
+            return true;
+        if (!m_pairsRepeats)
+            return false;
+        const bool isRepeat = m_release.event && m_release.event->key() == event.key() &&
+                              m_release.event->timestamp() == event.timestamp();
+        if (event.type() == QEvent::KeyPress && isRepeat) {
+            m_release.event.reset();
+            return true;
+        }
+        letReleaseGo();
+        if (event.type() == QEvent::KeyPress)
+            return false;
+        m_release.event.reset(event.clone());
+        m_release.window = &window;
+        m_release.timer.start(ReleaseMilliseconds);
+        return true;
+    }
+
+    void letReleaseGo() {
+        m_release.timer.stop();
+        const std::unique_ptr<QKeyEvent> event = std::move(m_release.event);
+        if (!event || !m_release.window)
+            return;
+        m_release.isOnItsWay = true;
+        QCoreApplication::sendEvent(m_release.window, event.get());
+        m_release.isOnItsWay = false;
+    }
+
+    bool filterClick(const QWidget& control, const QMouseEvent& event) {
+        const QWidget* window = control.window();
+        if (window->windowType() == Qt::Popup)
+            return false;
+        const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
+        const bool isSoon = m_click.window && event.timestamp() - m_click.time < interval;
+        if (isSoon && m_click.window != window)
+            return true;
+        m_click = {window, event.timestamp()};
+        return event.type() == QEvent::MouseButtonDblClick &&
+               qobject_cast<const QAbstractButton*>(&control) &&
+               !control.property(EveryClickCounts).toBool();
+    }
+
+    const bool m_pairsRepeats;
+    struct {
+        std::unique_ptr<QKeyEvent> event;
+        QPointer<QWindow> window;
+        QTimer timer;
+        bool isOnItsWay = false;
+    } m_release; ///< the last release, until it is known to be one
+    struct {
+        const void* window = nullptr; ///< may be gone, and is only compared
+        quint64 time = 0;
+    } m_click; ///< the last press of the mouse
+};
+
+} // namespace
+
+void InstallInputGuard(QApplication& application) {
+    new InputGuard(application);
+}
