@@ -65,9 +65,8 @@ QString option(const cups_dest_t& printer, const char* name) {
     return QString::fromUtf8(cupsGetOption(name, printer.num_options, printer.options));
 }
 
+// A printer that is paused takes a document all the same, which waits there.
 void requireReady(const cups_dest_t& printer) {
-    if (option(printer, "printer-state").toInt() == IPP_PSTATE_STOPPED)
-        failed(QStringLiteral("%1: the printer is stopped").arg(nameOf(printer)));
     if (option(printer, "printer-is-accepting-jobs") == QLatin1String("false"))
         failed(QStringLiteral("%1: the printer accepts no documents").arg(nameOf(printer)));
 }
@@ -90,15 +89,21 @@ QString DefaultPrinter::Choose(const QString& name) {
     Service service;
     if (!service.IsThere())
         failed(QStringLiteral("The printing service does not answer: %1").arg(lastError()));
+    // The default stays and gets the page when the chosen one has gone meanwhile.
+    QString printerInstead;
     for (int i = 0; i < service.Count(); ++i) {
         const cups_dest_t& printer = service.Printer(i);
+        if (printer.is_default)
+            printerInstead = nameOf(printer);
         if (nameOf(printer) != name)
             continue;
         requireReady(printer);
         service.SetDefault(printer);
         return name;
     }
-    failed(QStringLiteral("%1: no such printer").arg(name));
+    if (printerInstead.isEmpty())
+        failed(QStringLiteral("%1: no such printer").arg(name));
+    return printerInstead;
 }
 
 void DefaultPrinter::RequireDocumentTaken() {

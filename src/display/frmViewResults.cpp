@@ -6,15 +6,18 @@
 #include "app/WindowTitle.h"
 #include "app/modCommon.h"
 #include "core/Guard.h"
-#include "core/RuntimeError.h"
 #include "display/DefaultPrinter.h"
 #include "display/ResultsPage.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QRegularExpression>
+#include <QShortcut>
 
 namespace {
 
@@ -28,6 +31,13 @@ void letEventsRun() {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
+QStringList textsOf(const QTreeWidgetItem& row) {
+    QStringList texts;
+    for (int column = 0; column < row.columnCount(); ++column)
+        texts.append(row.text(column));
+    return texts;
+}
+
 } // namespace
 
 frmViewResults::frmViewResults(QWidget* parent)
@@ -37,7 +47,8 @@ frmViewResults::frmViewResults(QWidget* parent)
                                 QStringLiteral("Score"), QStringLiteral("Joker")}))
     , cboPrinter(new QComboBox)
     , cmdPrint(new PictureButton(QStringLiteral("cmdPrint"), QStringLiteral("print"),
-                                 QStringLiteral("Print Results"))) {
+                                 QStringLiteral("Print Results")))
+    , lblPrinted(new QLabel) {
     setObjectName(QStringLiteral("frmViewResults"));
     SetCaption(QStringLiteral("View Results"));
     lvResults->header()->setStretchLastSection(false);
@@ -50,8 +61,13 @@ frmViewResults::frmViewResults(QWidget* parent)
     label->setObjectName(QStringLiteral("lblPrintResults"));
     label->setBuddy(cboPrinter);
     cboPrinter->setObjectName(QStringLiteral("cboPrinter"));
-    connect(cmdPrint, &PictureButton::clicked, this,
-            [this] { Guarded("cmdPrint_Click", Component, [this] { print(); }); });
+    lblPrinted->setObjectName(QStringLiteral("lblPrinted"));
+    lblPrinted->setTextFormat(Qt::PlainText);
+    lblPrinted->hide();
+    connect(cmdPrint, &PictureButton::clicked, this, &frmViewResults::clickPrint);
+    connect(cboPrinter, &QComboBox::currentIndexChanged, this, &frmViewResults::offerPrinting);
+    const auto* copy = new QShortcut(QKeySequence::Copy, this);
+    connect(copy, &QShortcut::activated, this, &frmViewResults::copyRows);
 
     auto* layout = new QGridLayout(this);
     constexpr int margin = 2 * Theme::Unit;
@@ -61,6 +77,7 @@ frmViewResults::frmViewResults(QWidget* parent)
     layout->addWidget(label, 1, 0);
     layout->addWidget(cboPrinter, 1, 1);
     layout->addWidget(cmdPrint, 1, 2);
+    layout->addWidget(lblPrinted, 2, 1, 1, 2);
     layout->setColumnStretch(1, 1);
     resize(90 * Theme::Unit, 70 * Theme::Unit);
 
@@ -81,22 +98,56 @@ void frmViewResults::AddRow(const QString& position, const QString& teamName, co
 }
 
 void frmViewResults::listPrinters() {
+    offerPrinting();
     const DefaultPrinter::Printers printers = DefaultPrinter::List();
     cboPrinter->addItems(printers.Names);
+    // The list would choose its first one.
+    cboPrinter->setCurrentIndex(-1);
     modCommon::SelectListItem(*cboPrinter, printers.DefaultName);
 }
 
-void frmViewResults::print() {
+void frmViewResults::offerPrinting() {
+    const bool isChosen = cboPrinter->currentIndex() >= 0;
+    cmdPrint->setEnabled(isChosen && lblPrinted->isHidden());
+    cmdPrint->setToolTip(isChosen                  ? QStringLiteral("Print Results")
+                         : cboPrinter->count() > 0 ? QStringLiteral("Choose a printer first")
+                                                   : QStringLiteral("There is no printer"));
+}
+
+void frmViewResults::clickPrint() {
     cmdPrint->setEnabled(false);
     letEventsRun();
-    if (cboPrinter->currentIndex() < 0)
-        throw RuntimeError(ErrorNumber::DeviceFault, QStringLiteral("There is no printer"));
+    const QString printer =
+        Guarded("cmdPrint_Click", Component, QString(), [this] { return print(); });
+    lblPrinted->setText(printer.isEmpty() ? QStringLiteral("Not printed")
+                                          : QStringLiteral("Sent to ") + printer);
+    lblPrinted->show();
+}
+
+QString frmViewResults::print() {
     const QString printer = DefaultPrinter::Choose(cboPrinter->currentText());
     letEventsRun();
     QList<QStringList> rows;
-    for (int i = 0; i < lvResults->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem* item = lvResults->topLevelItem(i);
-        rows.append({item->text(0), item->text(TeamNameColumn), item->text(ScoreColumn)});
-    }
+    for (int i = 0; i < lvResults->topLevelItemCount(); ++i)
+        rows.append(textsOf(*lvResults->topLevelItem(i)));
     ResultsPage::Print(printer, m_caption, rows);
+    return printer;
+}
+
+void frmViewResults::copyRows() const {
+    QList<QStringList> rows;
+    if (const QTreeWidgetItem* selected = lvResults->SelectedRow()) {
+        rows.append(textsOf(*selected));
+    } else {
+        rows.append(textsOf(*lvResults->headerItem()));
+        for (int i = 0; i < lvResults->topLevelItemCount(); ++i)
+            rows.append(textsOf(*lvResults->topLevelItem(i)));
+    }
+    QString text;
+    for (QStringList& row : rows) {
+        for (QString& cell : row) // A tab or a line end in a name would begin another cell.
+            cell.replace(QRegularExpression(QStringLiteral("\\s")), QStringLiteral(" "));
+        text += row.join(u'\t') + u'\n';
+    }
+    QGuiApplication::clipboard()->setText(text);
 }

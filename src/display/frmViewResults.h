@@ -3,11 +3,12 @@
 #include <QDialog>
 
 class QComboBox;
+class QLabel;
 class RecordList;
 class PictureButton;
 
-/// The standings in a table, beside the projector, from where they are printed: once for each
-/// opening, so that a second press does not cost a second sheet.
+/// The standings in a table, beside the projector, from where they are copied (Ctrl+C) and printed:
+/// once for each opening, so that a second press does not cost a second sheet.
 class frmViewResults : public QDialog {
     Q_OBJECT
 
@@ -22,10 +23,17 @@ public:
 
 private:
     void listPrinters();
-    void print();
+    /// Whether a print can begin; the button's tool-tip says why not.
+    void offerPrinting();
+    void clickPrint();
+    /// Gives the printer that the page went to.
+    QString print();
+    /// The selected row, or without one all rows and their heads, as text with tabs.
+    void copyRows() const;
 
     QString m_caption;
     RecordList* lvResults;
     QComboBox* cboPrinter;
     PictureButton* cmdPrint;
+    QLabel* lblPrinted;
 };

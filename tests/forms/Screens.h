@@ -10,6 +10,8 @@
 #include "forms/frmRoundEntry.h"
 #include "forms/frmTeamEntry.h"
 
+#include <QComboBox>
+
 struct ScoreDialog : frmEntry {
     ScoreDialog()
         : frmEntry(nullptr) {
@@ -23,7 +25,11 @@ struct OptionsScreen : frmOptions {
 };
 
 struct ResultsWindow : frmViewResults {
-    ResultsWindow() { AddRow("1", "Ants", "14", "Played"); }
+    ResultsWindow() {
+        AddRow("1", "Ants", "14", "Played");
+        Control<QComboBox>(*this, "cboPrinter").addItem("Hall");
+        Control<QComboBox>(*this, "cboPrinter").setCurrentIndex(0);
+    }
 };
 
 template <typename Screen>
