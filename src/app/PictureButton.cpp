@@ -17,6 +17,13 @@ PictureButton::PictureButton(const QString& name, const QString& icon, const QSt
     setFixedSize(side, side);
 }
 
+void PictureButton::ShowText(const QString& text) {
+    setText(text);
+    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    setMaximumWidth(QWIDGETSIZE_MAX);
+    setMinimumWidth(sizeHint().width());
+}
+
 void PictureButton::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();

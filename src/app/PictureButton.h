@@ -11,6 +11,9 @@ public:
     PictureButton(const QString& name, const QString& icon, const QString& toolTip,
                   QWidget* parent = nullptr);
 
+    /// Puts a word beside the picture, where the picture alone cannot say it.
+    void ShowText(const QString& text);
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 };

@@ -134,11 +134,10 @@ bool Render::renderLines(const SummaryList& list, qint32 revealFrom) {
             return false;
         m_line = m_layout->Wrapped(m_line);
     }
-    const int outside = m_layout->LinesOutside();
+    const frmSummary& screen = board();
     board().SetLinesOutside(
-        {outside, outside == 0 ? 0
-                               : LargestFittingSize(m_settings, board().BoardWidth(),
-                                                    board().BoardHeight(), list.LastIndex() + 1)});
+        {m_layout->LinesOutside(), LargestFittingSize(m_settings, screen.BoardWidth(),
+                                                      screen.BoardHeight(), list.LastIndex() + 1)});
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "display/frmOptions.h"
 
+#include "app/Chooser.h"
 #include "app/Messages.h"
 #include "app/PictureButton.h"
 #include "app/TextBoxFocus.h"
@@ -7,13 +8,15 @@
 #include "app/modCommon.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
+#include "core/RuntimeError.h"
 #include "data/DBObject.h"
 #include "display/BoardGeometry.h"
 #include "display/BoardLayout.h"
+#include "display/BoardPreview.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
-#include <QComboBox>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -29,7 +32,7 @@ const QString DebugOff = QStringLiteral("0");
 
 /// A list that takes a text of its own too: the font may be one of another computer.
 QComboBox* makeCombo(const char* name, const QString& purpose, int usualLength) {
-    auto* combo = new QComboBox;
+    auto* combo = new Chooser;
     combo->setObjectName(QLatin1StringView(name));
     combo->setAccessibleName(purpose);
     combo->setEditable(true);
@@ -57,6 +60,12 @@ QLabel* makeLabel(const char* name, const char* caption) {
     return label;
 }
 
+QLabel* makeUnit() {
+    auto* unit = new QLabel(QStringLiteral("twips, 15 to a pixel"));
+    unit->setForegroundRole(QPalette::PlaceholderText);
+    return unit;
+}
+
 QColor colourOf(const QLabel& swatch) {
     return swatch.palette().color(QPalette::Window);
 }
@@ -72,7 +81,6 @@ void paintSwatch(QLabel& swatch, const QColor& colour) {
 
 frmOptions::frmOptions(QWidget* parent, std::function<void(QWidget* over)> showAbout)
     : QDialog(parent)
-    , m_settings(modCommon::AppSettings())
     , m_showAbout(std::move(showAbout)) {
     setObjectName(QStringLiteral("frmOptions"));
     setWindowTitle(QStringLiteral("Settings"));
@@ -98,12 +106,30 @@ frmOptions::frmOptions(QWidget* parent, std::function<void(QWidget* over)> showA
                           1, 1);
         layout->addWidget(makeScreenGroup(), 2, 0);
         layout->addWidget(makePaddingGroup(), 2, 1);
-        layout->addLayout(makeFoot(), 3, 0, 1, 2);
-        layout->setColumnStretch(0, 1);
-        layout->setColumnStretch(1, 1);
+        layout->addLayout(makePreview(), 0, 2, 3, 1);
+        layout->addLayout(makeFoot(), 3, 0, 1, 3);
+        layout->setColumnStretch(2, 1);
         layout->setRowStretch(4, 1);
         load();
+        draw();
     });
+}
+
+QLayout* frmOptions::makePreview() {
+    auto* column = new QVBoxLayout;
+    m_preview = new BoardPreview(parentWidget());
+    lblFit = makeLabel("lblFit", "");
+    lblFit->setWordWrap(true);
+    column->addWidget(m_preview);
+    column->addWidget(lblFit);
+    column->addStretch(1);
+    m_drawing.setSingleShot(true);
+    connect(&m_drawing, &QTimer::timeout, this, &frmOptions::draw);
+    for (const QComboBox* combo : {cboDisplayFont, cboDisplaySize})
+        connect(combo, &QComboBox::editTextChanged, this, &frmOptions::drawSoon);
+    for (const auto& [box, setting] : m_numberBoxes)
+        connect(box, &QLineEdit::textChanged, this, &frmOptions::drawSoon);
+    return column;
 }
 
 QGroupBox* frmOptions::makeFontGroup() {
@@ -112,8 +138,10 @@ QGroupBox* frmOptions::makeFontGroup() {
     constexpr int usualName = 24;
     cboDisplayFont = makeCombo("cboDisplayFont", QStringLiteral("Font"), usualName);
     cboDisplaySize = makeCombo("cboDisplaySize", QStringLiteral("Size in points"), SizeLength);
+    cboDisplaySize->setCompleter(nullptr); // 7 is 7, not the 70 of the list
     layout->addWidget(cboDisplayFont, 1);
     layout->addWidget(cboDisplaySize);
+    layout->addWidget(new QLabel(QStringLiteral("points")));
     return group;
 }
 
@@ -142,6 +170,7 @@ QGroupBox* frmOptions::makeScreenGroup() {
               {"lblLMargin", "txtLMargin", "Left Margin:", &DisplaySettings::LeftMargin});
     addNumber(*layout, 1, 2, {"lblRMargin", "txtRMargin", "Right:", &DisplaySettings::RightMargin});
     addNumber(*layout, 2, 0, {"lblFooter", "txtFooter", "Footer:", &DisplaySettings::Footer});
+    layout->addWidget(makeUnit(), 2, 2, 1, 2);
     return group;
 }
 
@@ -154,6 +183,11 @@ QGroupBox* frmOptions::makePaddingGroup() {
               {"lblCellPadY", "txtCellPadY", "Vertical:", &DisplaySettings::CellPadY});
     addNumber(*layout, 2, 0,
               {"lblCellWidth", "txtCellWidth", "Width:", &DisplaySettings::LabelWidth});
+    layout->addWidget(makeUnit(), 0, 2);
+    layout->addWidget(makeUnit(), 1, 2);
+    auto* share = new QLabel(QStringLiteral("more is narrower"));
+    share->setForegroundRole(QPalette::PlaceholderText);
+    layout->addWidget(share, 2, 2);
     return group;
 }
 
@@ -162,20 +196,26 @@ QLayout* frmOptions::makeFoot() {
     foot->setSpacing(Theme::Unit);
     chkDebugMode = new QCheckBox(QStringLiteral("Debug Messages"));
     chkDebugMode->setObjectName(QStringLiteral("chkDebugMode"));
-    foot->addWidget(chkDebugMode);
+    // Far from the others, for a click beside them must not land on it.
+    auto* reset = makeButton("cmdReset", QStringLiteral("reset"),
+                             QStringLiteral("Reset database and remove all data"),
+                             [this] { resetDatabase(); });
+    reset->ShowText(QStringLiteral("Delete All Data..."));
+    foot->addWidget(reset);
     foot->addStretch();
-    foot->addWidget(makeButton("cmdSave", QStringLiteral("save"), QStringLiteral("Save Settings"),
-                               [this] { save(); }));
-    foot->addWidget(makeButton("cmdClose", QStringLiteral("close"), QStringLiteral("Close Window"),
-                               [this] { reject(); }));
+    foot->addWidget(chkDebugMode);
+    foot->addSpacing(2 * Theme::Unit);
+    auto* save = makeButton("cmdSave", QStringLiteral("save"), QStringLiteral("Save Settings"),
+                            [this] { this->save(); });
+    save->ShowText(QStringLiteral("Save"));
+    auto* close = makeButton("cmdClose", QStringLiteral("close"), QStringLiteral("Close Window"),
+                             [this] { reject(); });
+    close->ShowText(QStringLiteral("Close"));
+    foot->addWidget(save);
+    foot->addWidget(close);
     foot->addWidget(makeButton("cmdAbout", QStringLiteral("about"),
                                QStringLiteral("Display Application Information"),
                                [this] { m_showAbout(this); }));
-    // Apart from the others, for a click beside them must not land on it.
-    foot->addSpacing(3 * Theme::Unit);
-    foot->addWidget(makeButton("cmdReset", QStringLiteral("reset"),
-                               QStringLiteral("Reset database and remove all data"),
-                               [this] { resetDatabase(); }));
     return foot;
 }
 
@@ -189,6 +229,7 @@ void frmOptions::addColour(QGridLayout& layout, int row, const ColourRow& colour
     m_swatches.push_back({swatch, colour.setting});
     QString purpose = label->text();
     purpose.replace(u':', QStringLiteral("..."));
+    swatch->installEventFilter(this);
     QWidget* button = makeButton(colour.button, QStringLiteral("colour"), purpose,
                                  [this, swatch] { chooseColour(*swatch); });
     layout.addWidget(label, row, 0);
@@ -207,8 +248,8 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
     layout.addWidget(box, row, column + 1);
 }
 
-QWidget* frmOptions::makeButton(const char* name, const QString& icon, const QString& toolTip,
-                                const std::function<void()>& action) {
+PictureButton* frmOptions::makeButton(const char* name, const QString& icon, const QString& toolTip,
+                                      const std::function<void()>& action) {
     auto* button = new PictureButton(QLatin1StringView(name), icon, toolTip);
     const QByteArray procedure = QByteArray(name) + "_Click";
     connect(button, &PictureButton::clicked, this,
@@ -220,13 +261,14 @@ void frmOptions::load() {
     cboDisplayFont->addItems(QFontDatabase::families());
     for (const int size : ListedSizes())
         cboDisplaySize->addItem(QString::number(size));
-    selectOrKeep(*cboDisplayFont, m_settings.FontName);
-    selectOrKeep(*cboDisplaySize, m_settings.FontSize);
+    const DisplaySettings& settings = modCommon::AppSettings();
+    selectOrKeep(*cboDisplayFont, settings.FontName);
+    selectOrKeep(*cboDisplaySize, settings.FontSize);
     for (const auto& [swatch, setting] : m_swatches)
-        paintSwatch(*swatch, ColorOf(m_settings.*setting));
+        paintSwatch(*swatch, ColorOf(settings.*setting));
     for (const auto& [box, setting] : m_numberBoxes)
-        box->setText(QString::number(m_settings.*setting));
-    chkDebugMode->setChecked(m_settings.DebugMode == DebugOn);
+        box->setText(QString::number(settings.*setting));
+    chkDebugMode->setChecked(settings.DebugMode == DebugOn);
 }
 
 void frmOptions::chooseColour(QLabel& swatch) {
@@ -236,29 +278,53 @@ void frmOptions::chooseColour(QLabel& swatch) {
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     if (dialog.exec() == QDialog::Accepted)
         paintSwatch(swatch, dialog.selectedColor());
+    drawSoon();
 }
 
-void frmOptions::takeOver() {
-    // As a whole, so that a number too large leaves every setting as it was.
-    DisplaySettings edited = m_settings;
-    edited.FontName = cboDisplayFont->currentText();
-    edited.FontSize = cboDisplaySize->currentText();
+DisplaySettings frmOptions::edited() const {
+    DisplaySettings settings = modCommon::AppSettings();
+    settings.FontName = cboDisplayFont->currentText();
+    settings.FontSize = cboDisplaySize->currentText();
     for (const auto& [swatch, setting] : m_swatches)
-        edited.*setting = ColorValue(colourOf(*swatch));
+        settings.*setting = ColorValue(colourOf(*swatch));
     for (const auto& [box, setting] : m_numberBoxes) {
         if (const auto number = ParseNumber(box->text()))
-            edited.*setting = ToInt32(*number);
+            settings.*setting = ToInt32(*number);
     }
-    edited.DebugMode = chkDebugMode->isChecked() ? DebugOn : DebugOff;
-    m_settings = edited;
+    settings.DebugMode = chkDebugMode->isChecked() ? DebugOn : DebugOff;
+    return settings;
+}
+
+// The operator's next key comes first.
+void frmOptions::drawSoon() {
+    m_drawing.start(0);
+}
+
+void frmOptions::draw() {
+    bool isWhole = false;
+    try {
+        isWhole = m_preview->Draw(edited());
+    } catch (const RuntimeError&) {
+        // A number too large; saving will tell.
+    }
+    lblFit->setText(isWhole ? m_preview->Fit() : QStringLiteral("The board cannot be drawn so"));
 }
 
 void frmOptions::save() {
-    takeOver();
-    modCommon::AppSettings() = m_settings;
+    // As a whole, so that a number too large leaves every setting as it was.
+    modCommon::AppSettings() = edited();
     if (modCommon::Settings(modCommon::SaveSettings) &&
         modCommon::Settings(modCommon::LoadSettings))
         accept();
+}
+
+// A click on a colour chooses another one, as its button does.
+bool frmOptions::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease)
+        for (const auto& [swatch, setting] : m_swatches)
+            if (swatch == watched)
+                Guarded("lblColour_Click", Component, [&] { chooseColour(*swatch); });
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmOptions::resetDatabase() {

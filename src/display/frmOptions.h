@@ -3,10 +3,13 @@
 #include "core/DisplaySettings.h"
 
 #include <QDialog>
+#include <QTimer>
 
 #include <functional>
 #include <vector>
 
+class BoardPreview;
+class PictureButton;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
@@ -14,9 +17,9 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 
-/// The settings of the board on one screen: typeface, colours, spacing. It edits a copy;
-/// none changes before they are saved. From here the operator also opens the about box and may
-/// empty the database.
+/// The settings of the board on one screen, typeface, colours and spacing, beside a picture of the
+/// board as the controls have it. None changes before they are saved. From here the operator also
+/// opens the about box and may empty the database.
 class frmOptions : public QDialog {
     Q_OBJECT
 
@@ -55,18 +58,24 @@ private:
     QLayout* makeFoot();
     void addColour(QGridLayout& layout, int row, const ColourRow& colour);
     void addNumber(QGridLayout& layout, int row, int column, const NumberRow& number);
-    QWidget* makeButton(const char* name, const QString& icon, const QString& toolTip,
-                        const std::function<void()>& action);
+    PictureButton* makeButton(const char* name, const QString& icon, const QString& toolTip,
+                              const std::function<void()>& action);
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
+    QLayout* makePreview();
     void load();
-    /// Takes the controls over into the edited settings; error 6 for a number too large.
-    void takeOver();
+    /// The settings as the controls have them; error 6 for a number too large.
+    DisplaySettings edited() const;
+    void drawSoon();
+    void draw();
     void chooseColour(QLabel& swatch);
     void save();
     void resetDatabase();
 
-    DisplaySettings m_settings; ///< what is edited
     std::function<void(QWidget*)> m_showAbout;
+    QTimer m_drawing;
+    BoardPreview* m_preview = nullptr;
+    QLabel* lblFit = nullptr;
     QComboBox* cboDisplayFont = nullptr;
     QComboBox* cboDisplaySize = nullptr;
     QCheckBox* chkDebugMode = nullptr;

@@ -25,10 +25,11 @@ QScreen* screenBeside(const QWidget* console) {
 
 } // namespace
 
-frmSummary::frmSummary(const QWidget* console)
-    : QWidget(nullptr, Qt::Window) {
+frmSummary::frmSummary(const QWidget* console, Use use)
+    : QWidget(nullptr, Qt::Window)
+    , m_use(use) {
     setObjectName(QStringLiteral("frmSummary"));
-    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_DeleteOnClose, use == Use::Audience);
     setAutoFillBackground(true);
     setCursor(Qt::BlankCursor);
     QScreen* screen = screenBeside(console);
@@ -79,6 +80,8 @@ void frmSummary::resizeEvent(QResizeEvent*) {
 }
 
 void frmSummary::ShowBoard() {
+    if (m_use == Use::Picture)
+        return;
     if (!isVisible()) {
         showFullScreen();
         raise();

@@ -17,8 +17,11 @@ class frmSummary : public QWidget {
     Q_OBJECT
 
 public:
+    /// What it is made for: to be seen by the audience, or to be drawn and never shown.
+    enum class Use { Audience, Picture };
+
     /// `console` is the window whose screen is left to the operator; may be null.
-    explicit frmSummary(const QWidget* console);
+    explicit frmSummary(const QWidget* console, Use use = Use::Audience);
 
     /// Builds the board, and builds it anew whenever it gets another size: with the same lines
     /// hidden, and those revealed that were. `build` puts one page on the board.
@@ -52,7 +55,7 @@ public:
     void Reveal(const QKeyEvent& key);
 
     /// What the hall cannot see: lines that are outside the board in part or whole, and the
-    /// largest listed font size, in points, with which none would be; 0 for no such size.
+    /// largest listed font size, in points, with which none is; 0 for no such size.
     struct Overflow {
         int Lines = 0;
         int FittingSize = 0;
@@ -73,6 +76,7 @@ private:
     void checkNew(const QString& name) const;
     void buildForThisSize();
 
+    const Use m_use;
     std::function<void()> m_build;
     bool m_isBuilding = false;
     QSize m_builtFor; ///< the size for which the newest page was begun

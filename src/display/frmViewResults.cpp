@@ -1,5 +1,6 @@
 #include "display/frmViewResults.h"
 
+#include "app/Chooser.h"
 #include "app/PictureButton.h"
 #include "app/RecordList.h"
 #include "app/Theme.h"
@@ -45,7 +46,7 @@ frmViewResults::frmViewResults(QWidget* parent)
     , lvResults(new RecordList(QStringLiteral("lvResults"),
                                {QStringLiteral("Position"), QStringLiteral("Team Name"),
                                 QStringLiteral("Score"), QStringLiteral("Joker")}))
-    , cboPrinter(new QComboBox)
+    , cboPrinter(new Chooser)
     , cmdPrint(new PictureButton(QStringLiteral("cmdPrint"), QStringLiteral("print"),
                                  QStringLiteral("Print Results")))
     , lblPrinted(new QLabel) {

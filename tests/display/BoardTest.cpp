@@ -308,11 +308,11 @@ private slots:
                 const int lines = outside({});
                 const auto [told, advised] = board.Screen->LinesOutside();
                 QCOMPARE(told, lines);
-                QCOMPARE(advised > 0, lines > 0);
+                QVERIFY(advised > 0);
                 for (const int points : ListedSizes()) {
                     DisplaySettings settings;
                     settings.FontSize = QString::number(points);
-                    if (lines > 0 && points >= advised)
+                    if (points >= advised)
                         QCOMPARE(outside(settings) == 0, points == advised);
                 }
             }

@@ -1,5 +1,7 @@
 #include "display/frmOptions.h"
 #include "app/modCommon.h"
+#include "display/BoardPreview.h"
+#include "display/Render.h"
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
@@ -9,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace {
 
@@ -28,6 +31,7 @@ private slots:
     // Thirteen of them; the footer is not written.
     void savesWhatIsChosen() {
         AppFolder folder;
+        folder.Open();
         modCommon::AppSettings() = {};
         frmOptions screen(nullptr, nullptr);
         const struct {
@@ -47,7 +51,8 @@ private slots:
                     colourDialog.setCurrentColor(chosen);
                     dialog.done(isCancelled ? QDialog::Rejected : QDialog::Accepted);
                 }});
-                Click(Control<QAbstractButton>(screen, button));
+                // The button chooses, and so does a click on the colour itself.
+                Click(Control<QWidget>(screen, isCancelled ? swatch : button));
                 QVERIFY(answers.AllGiven());
                 QCOMPARE(Control<QLabel>(screen, swatch).palette().color(QPalette::Window),
                          isCancelled ? before : chosen);
@@ -66,10 +71,57 @@ private slots:
         QCOMPARE(modCommon::AppSettings().Footer, 500);
     }
 
+    // The picture is the board as it would open, in settings that nobody has saved; the line below
+    // it says how many teams fit. The hand that turns the wheel changes nothing.
+    void picturesTheBoard() {
+        const AppFolder folder;
+        modCommon::AppSettings() = {};
+        WriteFile(folder.Path("JOKER.BMP"), ReadFile(":/JOKER.BMP"));
+        RunForeign(folder.DatabasePath(),
+                   {"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<9) "
+                    "INSERT INTO Teams SELECT i, 'Team ' || i FROM n",
+                    "INSERT INTO Results SELECT TeamID, 'r', TeamID, TeamID, 1 FROM Teams"});
+        folder.Open();
+        frmOptions screen(nullptr, nullptr);
+        ShowScreen(screen);
+        auto& size = Control<QComboBox>(screen, "cboDisplaySize");
+        QWheelEvent wheel({}, {}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&size, &wheel);
+        QCOMPARE(size.currentText(), "32");
+        size.lineEdit()->selectAll();
+        size.setFocus();
+        auto& preview = *screen.findChild<BoardPreview*>();
+        const struct {
+            const char *points, *margin, *told;
+        } cases[] = {{"7", "900", "9 of 9 teams fit; all fit with up to 40 points"},
+                     {"70", "0", "8 of 9 teams fit; all fit with up to 40 points"},
+                     {"big", "0", "The board cannot be drawn so"}};
+        for (const auto& [points, margin, told] : cases) {
+            size.lineEdit()->selectAll();
+            Type(points);
+            QCOMPARE(size.currentText(), points);
+            Control<QLineEdit>(screen, "txtLMargin").setText(margin);
+            QCoreApplication::processEvents();
+            QCOMPARE(Control<QLabel>(screen, "lblFit").text(), told);
+            frmSummary board(nullptr);
+            DisplaySettings settings;
+            settings.FontSize = points;
+            settings.LeftMargin = QString(margin).toInt();
+            const auto standings = SummaryDAO().GetOverallSummary(2);
+            Render(settings).RenderResults(board, *standings, "Rankelo Results", 0);
+            preview.setMinimumSize(board.size());
+            preview.resize(board.size());
+            QCOMPARE(preview.grab().toImage().convertToFormat(QImage::Format_RGB32),
+                     board.grab().toImage().convertToFormat(QImage::Format_RGB32));
+        }
+        QVERIFY(modCommon::AppSettings() == DisplaySettings() && folder.Files().size() == 2);
+    }
+
     // The INI file may come from a computer with other fonts, and from a person who wrote notes in
     // it. A number too large leaves it and every setting as they were.
     void keepsWhatItCannotShowOrRead() {
         AppFolder folder;
+        folder.Open();
         const QByteArray before = "; our hall\n[Application]\nFooter=720\nFontName=No Such Font\n"
                                   "FontSize=33.5\nOurs=1\n[Other]\na=b\n";
         WriteFile(folder.IniPath(), before);

@@ -52,7 +52,7 @@ inline const struct {
     {Make<OptionsScreen>,
      "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
      "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
-     "chkDebugMode cmdSave cmdClose cmdAbout cmdReset"},
+     "cmdReset chkDebugMode cmdSave cmdClose cmdAbout"},
     {Make<ResultsWindow>, "lvResults cboPrinter cmdPrint"},
     {Make<frmAbout>, "cmdClose"},
 };

@@ -1,0 +1,7 @@
+#include "app/Chooser.h"
+
+#include <QWheelEvent>
+
+void Chooser::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
