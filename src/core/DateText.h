@@ -10,6 +10,7 @@
 /// other code.
 QString DateText(qint32 format, const QDateTime& value);
 
-/// Reads a date, a time or both in the program's own forms, in ISO form or in the system's; a
-/// missing time is midnight. Throws error 13 for any other text.
+/// Reads what DateText writes, and ISO dates with or without a time; a missing time is midnight, a
+/// missing date today. The result knows no time zone: every time of day exists on every day. Throws
+/// error 13 for any other text.
 QDateTime ParseDateText(const QString& text);

@@ -23,8 +23,13 @@ RuntimeError currentError() {
 
 } // namespace
 
-void ReportCurrentException(const char* functionName, const char* objectName) {
-    const RuntimeError error = currentError();
-    ReportProgramError(error.Number(), error.Description(), QString::fromLatin1(functionName),
-                       QString::fromLatin1(objectName));
+void ReportCurrentException(const char* functionName, const char* objectName) noexcept {
+    try {
+        const RuntimeError error = currentError();
+        ReportProgramError(error.Number(), error.Description(), QString::fromLatin1(functionName),
+                           QString::fromLatin1(objectName));
+    } catch (...) {
+        // The report itself failed, and there is nobody left to tell: the procedure still ends
+        // with its default result.
+    }
 }

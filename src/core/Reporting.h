@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLoggingCategory>
 #include <QString>
 #include <QtGlobal>
 
@@ -13,3 +14,7 @@ void ReportProgramError(qint32 number, const QString& description, const QString
 /// Records one message of any type: `Record` of the application log.
 void ReportRecord(qint32 messageType, qint32 messageNumber, const QString& description,
                   const QString& functionName, const QString& objectName);
+
+/// "rankelo.errors": every reported error and every lost log record, for developers. Silent unless
+/// QT_LOGGING_RULES="rankelo.errors=true" is in the environment.
+Q_DECLARE_LOGGING_CATEGORY(RankeloErrors)

@@ -5,7 +5,8 @@
 
 #include <stdexcept>
 
-/// Familiar numbers of run-time errors; database errors keep the engine's own code.
+/// The numbers that Basic programs have given to their run-time errors for decades, so that people
+/// who look after such programs know them. Database errors keep the engine's own code.
 enum class ErrorNumber : qint32 {
     InvalidCall = 5,
     Overflow = 6,
@@ -14,8 +15,8 @@ enum class ErrorNumber : qint32 {
     DivisionByZero = 11,
     TypeMismatch = 13,
     FileNotFound = 53,
-    FileExists = 58,
     DeviceFault = 57,
+    FileExists = 58,
     PermissionDenied = 70,
     PathNotFound = 76,
     NoObject = 91,

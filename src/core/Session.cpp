@@ -14,6 +14,16 @@ namespace {
 
 constexpr qsizetype LongestName = 255;
 
+// The dots of a name like Rankelo-1.0.0 belong to it.
+QString executableName() {
+    QString name = QFileInfo(QCoreApplication::applicationFilePath()).fileName();
+#ifdef Q_OS_WIN
+    if (name.endsWith(QStringLiteral(".exe"), Qt::CaseInsensitive))
+        name.chop(4);
+#endif
+    return name;
+}
+
 QString getComputerID() {
     return Guarded("GetComputerID", "Session", QString(),
                    [] { return QSysInfo::machineHostName().left(LongestName); });
@@ -32,7 +42,7 @@ QString getUserID() {
 
 Session::Session()
     : Version(QString::fromLatin1(ProductInfo::Version))
-    , Executable(QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName())
+    , Executable(executableName())
     , ProductName(QString::fromLatin1(ProductInfo::Name))
     , PCUsername(getUserID())
     , SessionID(AppUtilities().GenerateUnique())

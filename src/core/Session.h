@@ -11,8 +11,8 @@ struct Session {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    QString Version; ///< major.minor.revision
-    QString Executable;
+    QString Version;    ///< major.minor.revision
+    QString Executable; ///< without its folder and without Windows' ".exe"
     QString ProductName;
     QString PCUsername;
     QString SessionID; ///< 26 digits

@@ -9,7 +9,6 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QTextBoundaryFinder>
 
 #include <algorithm>
 
@@ -31,20 +30,12 @@ ResultsPage::Line row(const QString& position, const QString& name, const QStrin
             PadRight(score, ScoreWidth)};
 }
 
-int charactersOf(const QString& text) {
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
-    int count = 0;
-    while (finder.toNextBoundary() >= 0)
-        ++count;
-    return count;
-}
-
 // Each column starts where it belongs, also behind a name of wide or right-to-left letters.
 void drawLine(QPainter& painter, QPointF place, const ResultsPage::Line& line) {
     const double advance = QFontMetricsF(painter.font(), painter.device()).horizontalAdvance(u'-');
     for (const QString& column : line) {
         painter.drawText(place, column);
-        place.rx() += charactersOf(column) * advance;
+        place.rx() += static_cast<double>(CharacterCount(column)) * advance;
     }
 }
 
