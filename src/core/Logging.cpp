@@ -66,6 +66,8 @@ bool append(const QString& path, QIODevice::OpenMode mode, const QString& line) 
 
 } // namespace
 
+Q_LOGGING_CATEGORY(RankeloErrors, "rankelo.errors", QtFatalMsg)
+
 Logging::Logging()
     : m_logPath(TemporaryFolder()) {}
 
@@ -76,11 +78,12 @@ void Logging::SetLogPath(const QString& path) {
 bool Logging::ProgramError(qint32 number, const QString& description, const QString& functionName,
                            const QString& objectName) {
     const QString text = u'[' + QString::number(number) + QStringLiteral("] ") + description;
+    const QString place = QStringLiteral(" [") + functionName + u'/' + objectName + u']';
+    qCWarning(RankeloErrors).noquote() << text + place;
     const bool written =
         Record(ProgramErrorType, ProgramErrorNumber, text, functionName, objectName);
     if (ShowError)
-        ShowError(QStringLiteral("%1 : ").arg(m_messageNumber) + m_description +
-                  QStringLiteral(" [") + m_functionName + u'/' + m_objectName + u']');
+        ShowError(QStringLiteral("%1 : ").arg(m_messageNumber) + text + place);
     return written;
 }
 
@@ -95,13 +98,16 @@ bool Logging::Record(qint32 messageType, qint32 messageNumber, const QString& de
     }
     if (messageType > DebugLevel)
         return false;
-    // A log that cannot be written loses the message in silence: reporting that would only come
-    // back here.
+    // A log that cannot be written loses the message, and only a developer is told: reporting that
+    // would come back here.
+    bool written = false;
     try {
-        return write({messageType, messageNumber, description, functionName, objectName});
+        written = write({messageType, messageNumber, description, functionName, objectName});
     } catch (...) {
-        return false;
     }
+    if (!written)
+        qCWarning(RankeloErrors).noquote() << "lost a record for" << m_logPath;
+    return written;
 }
 
 bool Logging::write(const Message& message) {
