@@ -104,7 +104,7 @@ private slots:
              {got(u.DirectoryExists(u.SystemDirectory())),
               got(u.DirectoryExists(u.ReturnTempPath())), got(u.DirectoryExists(c))}},
             {"1,76FolderDelete,0",
-             {got(u.FolderDelete(sub)), got(u.FolderDelete(sub)), got(u.FolderDelete(""))}},
+             {got(u.FolderDelete(sub)), got(u.FolderDelete(sub)), got(u.FolderDelete(" "))}},
         };
         for (const auto& [expected, results] : rows)
             QCOMPARE(results.join(','), expected);
