@@ -1,19 +1,17 @@
-# Drives the real program as a person does: windows on a virtual display, a keyboard, eyes.
-# Sourced by the whole-program tests and by the scripts that take pictures.
-#
-# Nothing here sleeps for a fixed time: every step waits until the program shows what is expected,
-# and fails when that takes longer than a person's patience.
+# Drives the real program as a person does: windows on a virtual display, a keyboard, eyes. Sourced by
+# the whole-program tests and by the scripts that take pictures. Every step waits until the program
+# shows what is expected, and fails when that takes longer than a person's patience.
 set -euo pipefail
 export LC_ALL=C.UTF-8
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 app_folder=${RANKELO_APP_DIR:-$project/build/Rankelo}
+probe=${RANKELO_FOCUS_PROBE:-$project/build/tests/driver} # the folder of FocusProbe's plugin
 patience=60  # seconds
 folder=      # the application folder that the program runs from
 program=     # its process
 keystroke=20 # milliseconds; half of them the key is down
 as_user=()   # a command that runs it as another user
-
 console='Rankelo - \[*.*.*\]' # its title names the version
 
 # begin NAME [PICTURES]: makes a place for everything that the run leaves behind, except the
@@ -21,11 +19,11 @@ console='Rankelo - \[*.*.*\]' # its title names the version
 begin() {
     name=$1
     pictures=${2:-$project/build/e2e/$name}
-    pictures_taken=0
+    pictures_taken=10 # so that their names sort
     place=$(mktemp -d "${TMPDIR:-/tmp}/rankelo-$name.XXXXXX")
     display_processes=()
     rm -rf "$pictures"
-    mkdir "$place"/{home,config,tmp,runtime}
+    mkdir -p "$pictures" "$place"/{home,config,tmp,runtime}
     chmod 755 "$place"
     chmod 700 "$place/runtime"
     quiet_place=(HOME="$place/home" XDG_CONFIG_HOME="$place/config" XDG_RUNTIME_DIR="$place/runtime"
@@ -47,28 +45,25 @@ finish() {
 fail() {
     echo "$name: $*" >&2
     if [[ -n $program ]]; then
-        echo "-- standard error of the program:" >&2
-        cat "$place/stderr" >&2
-        find "$place/tmp" -name '*.Log' -exec sh -c 'echo "-- $1:"; cat "$1"' - {} \; >&2
+        find "$place"/std* "$place/tmp" -type f -size +0 -exec tail -v -n 50 {} + >&2
     fi
-    if ((${#display_processes[@]})); then
-        echo "-- windows: $(xdotool search --onlyvisible --class Rankelo getwindowname %@ 2>&1 |
-            tr '\n' ';')" >&2
-        photograph "$pictures/failure.png"
+    import -silent -window root "$pictures/failure.png" &&
         echo "-- the screen: $pictures/failure.png" >&2
-    fi
     exit 1
 }
 
 # within_patience WHAT COMMAND...: waits until the command succeeds.
 within_patience() {
-    local what=$1 end=$((SECONDS + patience))
-    shift
-    until "$@"; do
-        ((SECONDS < end)) || fail "waited in vain for $what"
+    local end=$((SECONDS + patience)) answer=
+    until "${@:2}"; do
+        ((SECONDS < end)) || fail "waited in vain for $1${answer:+, met $answer}"
         sleep 0.05
     done
 }
+
+# comes_to ANSWER COMMAND...: waits until the answer is what the command says.
+comes_to() { within_patience "$1 from ${*:2}" says "$@"; }
+says() { answer=$("${@:2}" 2>&1) && [[ $answer == "$1" ]]; }
 
 # open_display SIZE: a screen of 96 dots an inch, such as 1280x720, with a window manager.
 open_display() {
@@ -84,18 +79,11 @@ open_display() {
     within_patience "the window manager" window_manager_is_there
 }
 
-window_manager_is_there() {
-    xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
-}
+window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 close_display() {
-    local process
-    for process in "${display_processes[@]}"; do
-        kill "$process" 2>/dev/null || true
-    done
-    for process in "${display_processes[@]}"; do
-        wait "$process" 2>/dev/null || true
-    done
+    kill "${display_processes[@]}" 2>/dev/null || true
+    wait "${display_processes[@]}" 2>/dev/null || true
     display_processes=()
     rm -f "$place/display"
 }
@@ -104,46 +92,30 @@ close_display() {
 # that the statements of the file make. Never touches the quiz in the real folder.
 new_folder() {
     folder=$place/$1
-    copy_program "$app_folder" "$folder"
-    empty_quiz "$folder/Rankelo.MDB"
-    [[ -z ${2:-} ]] || sqlite3 -bail "$folder/Rankelo.MDB" ".read '$2'"
-}
-
-copy_program() {
-    mkdir -p "$2"
-    find "$1" -mindepth 1 -maxdepth 1 ! -name 'Rankelo.MDB*' ! -name Rankelo.INI \
-        -exec cp -r {} "$2" \;
-}
-
-empty_quiz() {
-    sqlite3 -bail "$1" ".read '$project/src/data/schema.sql'"
+    mkdir -p "$folder"
+    find "$app_folder" -mindepth 1 -maxdepth 1 ! -name 'Rankelo.MDB*' ! -name Rankelo.INI \
+        -exec cp -r {} "$folder" \;
+    cat "$project/src/data/schema.sql" ${2:+"$2"} | sqlite3 -bail "$folder/Rankelo.MDB"
 }
 
 # start_program [NAME=VALUE...]: starts the program in its folder; its texts go to files.
 start_program() {
-    local platform=xcb command=("${as_user[@]}" "$folder/Rankelo")
+    local platform=xcb drive= command=("${as_user[@]}" "$folder/Rankelo")
     if [[ -e $folder/Rankelo.exe ]]; then
-        platform=windows
-        # Wine does not hear of a key that is let go while no window has the keyboard, and takes
-        # its next press for a key that is held.
-        keystroke=500
+        platform=windows drive=Z:
+        keystroke=500 # Wine takes a key that was let go while no window was there for one held down
         # The folder must have every DLL that it needs.
         command=(env WINEPATH= "$project/packaging/windows/in-wine" "$folder/Rankelo.exe")
     fi
     # The folder's name may hold what env would take for a variable.
-    env -i "${quiet_place[@]}" QT_QPA_PLATFORM=$platform DISPLAY="$DISPLAY" "$@" \
+    env -i "${quiet_place[@]}" QT_QPA_PLATFORM=$platform DISPLAY="$DISPLAY" \
+        QT_PLUGIN_PATH="$drive$probe" QT_QPA_GENERIC_PLUGINS=focusprobe "$@" \
         sh -c 'exec "$@"' - "${command[@]}" >"$place/stdout" 2>"$place/stderr" &
     program=$!
 }
 
-# Some window of the program is there, though perhaps without the keyboard.
-is_open() {
-    [[ -n $(xdotool search --onlyvisible --class Rankelo 2>/dev/null) ]]
-}
-
-is_gone() {
-    ! kill -0 "$program" 2>/dev/null
-}
+is_open() { [[ -n $(xdotool search --onlyvisible --class Rankelo 2>/dev/null) ]]; }
+is_gone() { ! kill -0 "$program" 2>/dev/null; }
 
 # ended_with STATUS: waits until the program has ended, and expects its exit status.
 ended_with() {
@@ -154,17 +126,16 @@ ended_with() {
     [[ $status == "$1" ]] || fail "the program ended with exit status $status, not $1"
 }
 
+said_nothing() { [[ ! -s $place/stderr ]] || fail "the program said something"; }
+
 kill_program() {
-    [[ -n $program ]] || return 0
     kill -KILL "$program" 2>/dev/null || true
     wait "$program" 2>/dev/null || true
     program=
 }
 
 # window TITLE: waits until the window with this title (a pattern of the shell) has the keyboard.
-window() {
-    within_patience "the window \"$1\" to have the keyboard" has_keyboard "$1"
-}
+window() { within_patience "the window \"$1\" to have the keyboard" has_keyboard "$1"; }
 
 has_keyboard() {
     # shellcheck disable=SC2053 # a pattern
@@ -173,36 +144,47 @@ has_keyboard() {
     return 1
 }
 
-press() {
-    xdotool key --delay "$keystroke" "$@"
+# focus NAME: presses Tab until the control of this name has the focus, in the window that has the
+# keyboard; a control more or less on the way changes nothing.
+focus() {
+    local title before first=
+    title=$(xdotool getwindowfocus getwindowname)
+    within_patience "the focus in \"$title\"" focus_is_in "$title"
+    until before=$(focused) && [[ $before == "$title|$1" ]]; do
+        [[ $before != "$first" ]] || fail "Tab comes round to $before without meeting $1"
+        first=${first:-$before}
+        press Tab
+        within_patience "Tab to leave $before" focus_has_left "$before"
+    done
 }
 
-enter_text() {
-    xdotool type --delay 20 -- "$1"
-}
+focused() { tail -n 1 "$place/stdout"; } # the probe tells it there
+focus_is_in() { [[ $(focused) == "$1|"* ]]; }
+focus_has_left() { [[ $(focused) != "$1" ]]; }
 
-ask() {
-    sqlite3 -readonly -cmd '.timeout 5000' "$folder/Rankelo.MDB" "$1"
+press() { xdotool key --delay "$keystroke" "$@"; }
+enter_text() { xdotool type --delay 20 -- "$1"; }
+# go_to TITLE KEY...: presses the keys that lead to this window, and waits for it.
+go_to() {
+    press "${@:2}"
+    window "$1"
 }
 
 # stored QUERY ANSWER: waits until the database gives the answer, one line a row.
-stored() {
-    local end=$((SECONDS + patience)) answer
-    until answer=$(ask "$1" 2>&1) && [[ $answer == "$2" ]]; do
-        ((SECONDS < end)) || fail "$1
--- gives:
-$answer
--- instead of:
-$2"
-        sleep 0.05
-    done
+stored() { comes_to "$2" sqlite3 -readonly -cmd '.timeout 5000' "$folder/Rankelo.MDB" "$1"; }
+
+# shows X COLOURS: waits until the eye meets these colours, going down X pixels from the left.
+shows() { comes_to "$2" colours_down "$1"; }
+
+colours_down() {
+    import -silent -window root -depth 8 -crop "1x0+$1+0" +repage txt:- |
+        grep -o '#[0-9A-F]\{6\}' | uniq | paste -sd ' '
 }
 
 # picture NAME: keeps the screen as a numbered picture once it has come to rest.
 picture() {
     at_rest
-    ((++pictures_taken))
-    photograph "$pictures/$(printf '%02d' "$pictures_taken")-$1.png"
+    import -silent -window root "$pictures/$((++pictures_taken))-$1.png"
 }
 
 at_rest() {
@@ -211,26 +193,6 @@ at_rest() {
         now=$(import -silent -window root rgb:- | cksum)
         [[ $now != "$before" ]] || break
         before=$now
-        sleep 0.1
-    done
-}
-
-photograph() {
-    mkdir -p "$pictures"
-    import -silent -window root "$1"
-}
-
-# colours_down X: the colours that the eye meets going down the screen, X pixels from its left.
-colours_down() {
-    import -silent -window root -depth 8 -crop "1x0+$1+0" +repage txt:- |
-        grep -o '#[0-9A-F]\{6\}' | uniq | tr '\n' ' '
-}
-
-# shows X COLOURS: waits until the eye meets these colours.
-shows() {
-    local end=$((SECONDS + patience)) seen
-    until seen=$(colours_down "$1") && [[ $seen == "$2 " ]]; do
-        ((SECONDS < end)) || fail "$1 pixels from the left the screen shows $seen, not $2"
         sleep 0.1
     done
 }
