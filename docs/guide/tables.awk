@@ -1,63 +1,44 @@
-# Makes the guide's two tables of how many teams fit, from what board_capacity says of each screen.
+# Makes the rows of the guide's two tables of how many teams fit, cells apart by "|":
 #
 #   awk -v table=lines|sizes -f tables.awk
 #
-# Reads lines that begin with the screen and go on as board_capacity prints them; writes a row of
-# the table a line, its cells apart by "|".
+# The board's arithmetic in twips, 15 to a pixel, with the settings that Rankelo comes with: a line is
+# 22 to the point high, the first one stands below two of them, 80 lie between lines, and a line begins
+# above the footer of 500. A letter is about 9.5 to the point wide.
 
-{
-    if (!($1 in seen)) { seen[$1] = 1; screens[++screen_count] = $1 }
-    if (!($2 in known)) { known[$2] = 1; sizes[++size_count] = $2 }
-    one[$1, $2] = $3; from[$1, $2] = $4; to[$1, $2] = $5
-    letters_one[$1, $2] = $6; letters_two[$1, $2] = $7; cut[$1, $2] = $8
+function board(screen, points) {
+    split(screen, sides, "x")
+    height = 15 * sides[2]
+    two_columns_from = int(height / (22 * points)) + 1 # only the bare lines count for that
+    column = int((height - 500 - 44 * points) / (22 * points + 80)) + 1
+    # The lowest line may lack a tenth, which holds no letter.
+    cut = 44 * points + (22 * points + 80) * (column - 1) + 0.9 * 22 * points > height
+    narrow = 7.5 * sides[1] - 2 * (7.5 * sides[1] / 7 - 200) - 400 # a name's box in two columns
 }
 
-function fits(teams, screen, size) {
-    if (teams <= one[screen, size])
-        return letters_one[screen, size] >= 20
-    return teams >= from[screen, size] && teams <= to[screen, size] && !cut[screen, size] &&
-        letters_two[screen, size] >= 20
-}
-
-function largest(first, last, screen,    s, teams, size) {
-    for (s = size_count; s >= 1; --s) {
-        size = sizes[s]
-        for (teams = first; teams <= last && fits(teams, screen, size); ++teams)
-            ;
-        if (teams > last)
-            return size
+function largest(first, last, screen,    i, fits) {
+    for (i = count; i >= 1; --i) {
+        board(screen, points[i])
+        fits = last <= column - cut
+        if (first >= two_columns_from)
+            fits = last <= 2 * column && !cut && narrow >= 20 * 9.5 * points[i]
+        if (fits)
+            return points[i]
     }
-    return "–"
 }
 
-function lines_row(size,    row, i, screen) {
-    row = size
-    for (i = 1; i <= screen_count; ++i) {
-        screen = screens[i]
-        row = row "|" one[screen, size] " · " from[screen, size] "–" to[screen, size] \
-            (cut[screen, size] ? " †" : "")
-    }
-    return row
-}
-
-function sizes_row(first, last,    row, i) {
-    row = first == 1 ? "up to " last : first "–" last
-    for (i = 1; i <= screen_count; ++i)
-        row = row "|" largest(first, last, screens[i])
-    return row
-}
-
-END {
-    if (table == "lines") {
-        for (s = 1; s <= size_count; ++s)
-            if (sizes[s] >= 20 && sizes[s] <= 52)
-                print lines_row(sizes[s])
-    } else {
-        first = 1
-        count = split("8 10 12 15 18 20 24 30 36 40", lasts, " ")
-        for (r = 1; r <= count; ++r) {
-            print sizes_row(first, lasts[r])
-            first = lasts[r] + 1
+BEGIN {
+    screens = split("1280x720 1366x768 1920x1080 3840x2160", screen)
+    count = split("16 18 20 22 24 26 28 30 32 34 40 52 70", points)
+    rows = table == "lines" ? count - 3 : split("8 10 12 15 18 20 24 30 36 40", lasts)
+    for (row = 1; row <= rows; ++row) {
+        first = row == 1 ? 1 : lasts[row - 1] + 1
+        line = table == "lines" ? points[row + 2] : row == 1 ? "up to 8" : first "–" lasts[row]
+        for (s = 1; s <= screens; ++s) {
+            board(screen[s], points[row + 2])
+            line = line "|" (table == "sizes" ? largest(first, lasts[row], screen[s]) : \
+                column - cut " · " two_columns_from "–" 2 * column (cut ? " †" : ""))
         }
+        print line
     }
 }
