@@ -2,41 +2,43 @@
 
 #include "app/Messages.h"
 #include "app/PictureButton.h"
+#include "app/RecordList.h"
 #include "app/TextBoxFocus.h"
 #include "app/Theme.h"
+#include "core/Guard.h"
+#include "forms/KeyPreview.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 
-EntryForm::EntryForm(const Texts& texts, QWidget* parent)
+EntryForm::EntryForm(const Texts& texts, const Records& records, QWidget* parent)
     : QDialog(parent)
-    , m_deleteQuestion(texts.deleteQuestion)
-    , m_list(new RecordList(texts.list, texts.columns))
+    , m_texts(texts)
+    , m_records(records)
+    , m_list(new RecordList(m_texts.list, m_texts.columns))
     , m_box(new QLineEdit)
     , m_buttons(new QHBoxLayout) {
-    setObjectName(texts.screen);
-    setWindowTitle(texts.caption);
+    setObjectName(QLatin1StringView(m_texts.screen));
+    setWindowTitle(m_texts.caption);
+    build();
+    connect(m_list, &RecordList::itemClicked, this, &EntryForm::copyNameToBox);
+    connect(m_list, &RecordList::itemSelectionChanged, this, &EntryForm::copyNameToBox);
+    new KeyPreview(this, KeyPreview::Releases::Pass, [this](int key) { return onKey(key); });
+}
 
+void EntryForm::build() {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("fraEntry"));
-    auto* label = new QLabel(texts.labelCaption);
-    label->setObjectName(texts.label);
+    auto* label = new QLabel(m_texts.labelCaption);
+    label->setObjectName(m_texts.label);
     label->setBuddy(m_box);
-    m_box->setObjectName(texts.box);
-    m_box->setAccessibleName(texts.labelCaption);
+    m_box->setObjectName(m_texts.box);
+    m_box->setAccessibleName(m_texts.labelCaption);
     m_box->setMinimumHeight(5 * Theme::Unit);
     TextBoxFocus::Attach(m_box);
-    auto* add = new PictureButton(QStringLiteral("cmdAdd"), QStringLiteral("add"), texts.addTip);
-    auto* edit =
-        new PictureButton(QStringLiteral("cmdEdit"), QStringLiteral("edit"), texts.editTip);
-    auto* remove =
-        new PictureButton(QStringLiteral("cmdDelete"), QStringLiteral("delete"), texts.deleteTip);
 
-    m_buttons->setSpacing(Theme::Unit);
-    for (PictureButton* button : {add, edit, remove})
-        m_buttons->addWidget(button);
     auto* entry = new QHBoxLayout(frame);
     entry->setContentsMargins(0, 0, 0, 0);
     entry->setSpacing(Theme::Unit);
@@ -50,17 +52,46 @@ EntryForm::EntryForm(const Texts& texts, QWidget* parent)
     layout->addWidget(frame);
     resize(80 * Theme::Unit, 68 * Theme::Unit);
 
-    // The row of the entry box first, for that is where an evening's typing happens.
-    QWidget* const order[] = {m_box, add, edit, remove, m_list};
-    for (std::size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    m_buttons->setSpacing(Theme::Unit);
+    // The row of the entry box first, for that is where a quiz's typing happens.
+    QWidget* last = m_box;
+    const auto addButton = [&](const char* name, const char* icon, const QString& toolTip,
+                               void (EntryForm::*click)()) {
+        auto* button = new PictureButton(QLatin1StringView(name), QLatin1StringView(icon), toolTip);
+        connect(button, &PictureButton::clicked, this, click);
+        m_buttons->addWidget(button);
+        setTabOrder(last, button);
+        last = button;
+    };
+    addButton("cmdAdd", "add", m_texts.addTip, &EntryForm::clickAdd);
+    addButton("cmdEdit", "edit", m_texts.editTip, &EntryForm::clickEdit);
+    addButton("cmdDelete", "delete", m_texts.deleteTip, &EntryForm::clickDelete);
+    setTabOrder(last, m_list);
     m_box->setFocus();
+}
 
-    connect(add, &PictureButton::clicked, this, [this] { clickAdd(); });
-    connect(edit, &PictureButton::clicked, this, [this] { clickEdit(); });
-    connect(remove, &PictureButton::clicked, this, [this] { clickDelete(); });
-    connect(m_list, &RecordList::itemClicked, this, [this] { copyNameToBox(); });
-    connect(m_list, &RecordList::itemSelectionChanged, this, [this] { copyNameToBox(); });
+bool EntryForm::FillList() {
+    const auto rows = m_records.list();
+    if (!rows)
+        return false;
+    m_list->clear();
+    for (const Row& row : *rows)
+        m_list->AddRow(row.key, row.texts);
+    return true;
+}
+
+bool EntryForm::onKey(int key) {
+    if (key == Qt::Key_Escape)
+        close();
+    else if (key != Qt::Key_Return || !m_texts.enterAdds)
+        return false;
+    else if (!m_box->text().trimmed().isEmpty())
+        clickAdd();
+    return true;
+}
+
+int EntryForm::nameColumn() const {
+    return m_list->columnCount() - 1;
 }
 
 void EntryForm::copyNameToBox() {
@@ -81,48 +112,59 @@ bool EntryForm::tellWhenFailed(bool done) {
 }
 
 void EntryForm::clickAdd() {
-    if (!tellWhenFailed(saveGuarded(Add, QString())))
+    if (!tellWhenFailed(save(Add, QString())))
         return;
     m_box->clear();
-    afterAdd();
+    // Ready for the next one.
+    m_box->setFocus();
 }
 
 void EntryForm::clickEdit() {
-    tellWhenFailed(saveGuarded(Edit, selectedKey()));
+    tellWhenFailed(save(Edit, selectedKey()));
 }
 
 void EntryForm::clickDelete() {
     // Without a selected row there is nothing to ask about.
     if (!m_list->IsEmpty())
-        tellWhenFailed(m_list->SelectedRow() && saveGuarded(Delete, selectedKey()));
+        tellWhenFailed(m_list->SelectedRow() && save(Delete, selectedKey()));
 }
 
 bool EntryForm::save(qint32 action, const QString& key) {
-    QTreeWidgetItem* selected = m_list->SelectedRow();
-    const QString name = m_box->text();
-    switch (action) {
-    case Add: {
-        const std::optional<Row> row = addRecord(name);
-        if (row)
-            m_list->scrollToItem(m_list->AddRow(row->key, row->texts));
-        return row.has_value();
-    }
-    case Edit:
-        if (!renameRecord(key, name))
-            return false;
-        if (selected)
-            selected->setText(nameColumn(), name);
-        return true;
-    case Delete: {
-        const auto answer =
-            Messages::Ask(this, m_deleteQuestion, QStringLiteral("Melodex Professional"),
-                          QMessageBox::Ok, QMessageBox::Cancel);
-        if (answer == QMessageBox::Ok && !deleteRecord(key))
-            return false;
-        delete selected;
-        return true;
-    }
-    default:
-        return true;
-    }
+    return Guarded(m_texts.saveProcedure, m_texts.screen, false, [&] {
+        switch (action) {
+        case Add:
+            return add();
+        case Edit:
+            return rename(key);
+        case Delete:
+            return remove(key);
+        default:
+            return true;
+        }
+    });
+}
+
+bool EntryForm::add() {
+    const std::optional<Row> row = m_records.add(m_box->text());
+    if (row)
+        m_list->scrollToItem(m_list->AddRow(row->key, row->texts));
+    return row.has_value();
+}
+
+bool EntryForm::rename(const QString& key) {
+    if (!m_records.rename(key, m_box->text()))
+        return false;
+    if (QTreeWidgetItem* selected = m_list->SelectedRow())
+        selected->setText(nameColumn(), m_box->text());
+    return true;
+}
+
+bool EntryForm::remove(const QString& key) {
+    const auto answer =
+        Messages::Ask(this, m_texts.deleteQuestion, QStringLiteral("Melodex Professional"),
+                      QMessageBox::Ok, QMessageBox::Cancel);
+    if (answer == QMessageBox::Ok && !m_records.remove(key))
+        return false;
+    delete m_list->SelectedRow();
+    return true;
 }

@@ -51,7 +51,8 @@ bool KeyPreview::onPress(QWidget* focused, const QKeyEvent& event) {
         return false;
     if (popup)
         popup->close();
-    if (closedPopup || m_onKey(event.key()))
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (closedPopup || m_onKey(isEnter ? Qt::Key_Return : event.key()))
         return true;
     auto* button = qobject_cast<QAbstractButton*>(focused);
     if (m_releases == Releases::Swallow && button && event.key() == Qt::Key_Space) {

@@ -16,7 +16,8 @@ class KeyPreview : public QObject {
 public:
     enum class Releases { Pass, Swallow };
 
-    /// `onKey` gets the key code and answers true when the key goes no further.
+    /// `onKey` gets the key code, Key_Return for either Enter, and answers true when the key goes
+    /// no further.
     KeyPreview(QWidget* screen, Releases releases, std::function<bool(int key)> onKey);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -28,6 +29,6 @@ private:
     QWidget* m_screen;
     Releases m_releases;
     std::function<bool(int key)> m_onKey;
-    std::optional<int>
-        m_popupKey; ///< the last key that was announced to a list that had dropped down
+    /// The last key that was announced to a list that had dropped down.
+    std::optional<int> m_popupKey;
 };

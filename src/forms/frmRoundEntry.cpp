@@ -2,18 +2,62 @@
 
 #include "app/InputGuard.h"
 #include "app/PictureButton.h"
+#include "app/RecordList.h"
 #include "app/Theme.h"
 #include "core/Guard.h"
 #include "data/RoundDAO.h"
-#include "forms/KeyPreview.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
 
 #include <algorithm>
 
+namespace {
+
+constexpr int MoveUp = 0;
+constexpr int MoveDown = 1;
+
+using Row = EntryForm::Row;
+
+Row rowOf(const Round& round) {
+    return {round.RoundID, {QString::number(round.RoundNumber), round.RoundName}};
+}
+
+std::optional<QList<Row>> listRounds() {
+    const auto rounds = RoundDAO().GetRoundList();
+    if (!rounds)
+        return std::nullopt;
+    QList<Row> rows;
+    for (const auto& round : *rounds)
+        rows.append(rowOf(*round));
+    return rows;
+}
+
+std::optional<Row> addRound(const QString& name) {
+    Round round;
+    round.RoundName = name;
+    if (!RoundDAO().Save(round))
+        return std::nullopt;
+    return rowOf(round);
+}
+
+bool renameRound(const QString& key, const QString& name) {
+    const auto round = RoundDAO().GetRound(key);
+    if (!round)
+        return false;
+    round->RoundName = name;
+    return RoundDAO().Save(*round);
+}
+
+bool removeRound(const QString& key) {
+    return RoundDAO().Delete(key);
+}
+
+} // namespace
+
 frmRoundEntry::frmRoundEntry(QWidget* parent)
-    : EntryForm({.screen = QStringLiteral("frmRoundEntry"),
+    : EntryForm({.screen = "frmRoundEntry",
+                 .saveProcedure = "SaveRound",
                  .caption = QStringLiteral("Round Entry"),
                  .list = QStringLiteral("lvRounds"),
                  .columns = {QStringLiteral("Round"), QStringLiteral("Round Name")},
@@ -23,8 +67,14 @@ frmRoundEntry::frmRoundEntry(QWidget* parent)
                  .addTip = QStringLiteral("Add a round"),
                  .editTip = QStringLiteral("Rename the selected round"),
                  .deleteTip = QStringLiteral("Delete the selected round"),
-                 .deleteQuestion = QStringLiteral("Are you sure you wish to remove this round?")},
-                parent) {
+                 .deleteQuestion = QStringLiteral("Are you sure you wish to remove this round?"),
+                 .enterAdds = false},
+                {listRounds, addRound, renameRound, removeRound}, parent) {
+    list().header()->resizeSection(0, 10 * Theme::Unit);
+    addMoveButtons();
+}
+
+void frmRoundEntry::addMoveButtons() {
     auto* up = new PictureButton(QStringLiteral("cmdMove_0"), QStringLiteral("move-up"),
                                  QStringLiteral("Move the selected round up"));
     auto* down = new PictureButton(QStringLiteral("cmdMove_1"), QStringLiteral("move-down"),
@@ -37,68 +87,28 @@ frmRoundEntry::frmRoundEntry(QWidget* parent)
     setTabOrder(findChild<QWidget*>(QStringLiteral("cmdDelete")), up);
     setTabOrder(up, down);
     setTabOrder(down, &list());
-    list().header()->resizeSection(0, 10 * Theme::Unit);
-    connect(up, &PictureButton::clicked, this, [this] { move(MoveUp); });
-    connect(down, &PictureButton::clicked, this, [this] { move(MoveDown); });
-    new KeyPreview(this, KeyPreview::Releases::Pass, [this](int key) {
-        if (key == Qt::Key_Escape)
-            close();
-        return key == Qt::Key_Escape;
-    });
+    connect(up, &PictureButton::clicked, this, [this] { clickMove(MoveUp); });
+    connect(down, &PictureButton::clicked, this, [this] { clickMove(MoveDown); });
 }
 
-bool frmRoundEntry::FillList() {
-    const auto rounds = RoundDAO().GetRoundList();
-    if (!rounds)
-        return false;
-    list().clear();
-    for (qint32 i = 0; i <= rounds->LastIndex(); ++i) {
-        const Round& round = *rounds->Item(i);
-        list().AddRow(round.RoundID, {QString::number(round.RoundNumber), round.RoundName});
-    }
-    return true;
+void frmRoundEntry::clickMove(int index) {
+    Guarded("cmdMove_Click", "frmRoundEntry", [&] { move(index); });
 }
 
 void frmRoundEntry::move(int index) {
-    Guarded("cmdMove_Click", "frmRoundEntry", [&] {
-        QTreeWidgetItem* selected = list().SelectedRow();
-        if (!selected)
-            return;
-        const int row = list().indexOfTopLevelItem(selected);
-        const int last = list().topLevelItemCount() - 1;
-        if (index == MoveDown && row == last)
-            return;
-        const qint32 direction = index == MoveUp ? RoundDAO::Up : RoundDAO::Down;
-        if (!RoundDAO().Reorder(RecordList::KeyOf(*selected), direction))
-            return;
-        const int next = std::clamp(index == MoveUp ? row - 1 : row + 1, 0, last);
-        // The same round is selected again; what is typed about it stays in the box.
-        const QSignalBlocker quiet(&list());
-        if (FillList())
-            list().setCurrentItem(list().topLevelItem(next));
-    });
-}
-
-bool frmRoundEntry::SaveRound(qint32 action, const QString& roundKey) {
-    return Guarded("SaveRound", "frmRoundEntry", false, [&] { return save(action, roundKey); });
-}
-
-std::optional<EntryForm::Row> frmRoundEntry::addRecord(const QString& name) {
-    Round round;
-    round.RoundName = name;
-    if (!RoundDAO().Save(round))
-        return std::nullopt;
-    return Row{round.RoundID, {QString::number(round.RoundNumber), round.RoundName}};
-}
-
-bool frmRoundEntry::renameRecord(const QString& key, const QString& name) {
-    const auto round = RoundDAO().GetRound(key);
-    if (!round)
-        return false;
-    round->RoundName = name;
-    return RoundDAO().Save(*round);
-}
-
-bool frmRoundEntry::deleteRecord(const QString& key) {
-    return RoundDAO().Delete(key);
+    QTreeWidgetItem* selected = list().SelectedRow();
+    if (!selected)
+        return;
+    const int row = list().indexOfTopLevelItem(selected);
+    const int last = list().topLevelItemCount() - 1;
+    if (index == MoveDown && row == last)
+        return;
+    const qint32 direction = index == MoveUp ? RoundDAO::Up : RoundDAO::Down;
+    if (!RoundDAO().Reorder(RecordList::KeyOf(*selected), direction))
+        return;
+    const int next = std::clamp(index == MoveUp ? row - 1 : row + 1, 0, last);
+    // The same round is selected again; what is typed about it stays in the box.
+    const QSignalBlocker quiet(&list());
+    if (FillList())
+        list().setCurrentItem(list().topLevelItem(next));
 }
