@@ -25,7 +25,7 @@ void openTeams() {
 }
 
 void openResults() {
-    frmResultEntry screen;
+    frmResultEntry screen(nullptr, nullptr);
     screen.Fill(QStringLiteral("r1"));
     showIt(screen);
 }

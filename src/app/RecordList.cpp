@@ -39,6 +39,20 @@ QTreeWidgetItem* RecordList::SelectedRow() const {
     return selected.isEmpty() ? nullptr : selected.first();
 }
 
+QList<QTreeWidgetItem*> RecordList::Rows() const {
+    QList<QTreeWidgetItem*> rows;
+    for (int i = 0; i < topLevelItemCount(); ++i)
+        rows.append(topLevelItem(i));
+    return rows;
+}
+
+QTreeWidgetItem* RecordList::RowOf(const QString& key) const {
+    for (QTreeWidgetItem* row : Rows())
+        if (KeyOf(*row) == key)
+            return row;
+    return nullptr;
+}
+
 void RecordList::keyPressEvent(QKeyEvent* event) {
     // The first press selects the row that Tab came to; the one below it may not exist.
     const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;

@@ -15,6 +15,10 @@ public:
     static QString KeyOf(const QTreeWidgetItem& row);
     /// The row that the operator selected; null when there is none.
     QTreeWidgetItem* SelectedRow() const;
+    /// Every row, from top to bottom.
+    QList<QTreeWidgetItem*> Rows() const;
+    /// The row of the record with the key; null when there is none.
+    QTreeWidgetItem* RowOf(const QString& key) const;
     bool IsEmpty() const { return topLevelItemCount() == 0; }
 
 protected:

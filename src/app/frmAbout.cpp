@@ -1,7 +1,6 @@
 #include "app/frmAbout.h"
 
 #include "app/Theme.h"
-#include "core/Guard.h"
 #include "core/ProductInfo.h"
 
 #include <QApplication>
@@ -14,7 +13,6 @@
 
 namespace {
 
-constexpr const char* Component = "modForms";
 constexpr int SplashMilliseconds = 2000;
 /// How long a screen that shows nothing may hold up the start.
 constexpr int LongestWaitForPaint = 3000;
@@ -57,7 +55,8 @@ private:
 } // namespace
 
 frmAbout::frmAbout(QWidget* parent)
-    : QDialog(parent) {
+    : QDialog(parent)
+    , m_close(new QPushButton(QStringLiteral("Close"))) {
     setObjectName(QStringLiteral("frmAbout"));
     const QString product = QString::fromUtf8(ProductInfo::Name);
     setWindowTitle(product);
@@ -90,12 +89,11 @@ frmAbout::frmAbout(QWidget* parent)
     addLabel(*layout, "lblSupport", QString::fromUtf8(ProductInfo::Support), small);
     layout->addWidget(icon, 1, 0, layout->rowCount() - 1, 1, Qt::AlignTop);
 
-    auto* close = new QPushButton(QStringLiteral("Close"), this);
-    close->setObjectName(QStringLiteral("cmdClose"));
-    close->setMinimumHeight(5 * Theme::Unit);
-    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    m_close->setObjectName(QStringLiteral("cmdClose"));
+    m_close->setMinimumHeight(5 * Theme::Unit);
+    connect(m_close, &QPushButton::clicked, this, &QDialog::reject);
     layout->setRowMinimumHeight(layout->rowCount(), Theme::Unit);
-    layout->addWidget(close, layout->rowCount(), 1, Qt::AlignRight);
+    layout->addWidget(m_close, layout->rowCount(), 1, Qt::AlignRight);
 }
 
 QLabel* frmAbout::addLabel(QGridLayout& layout, const char* name, const QString& text, int points) {
@@ -107,26 +105,19 @@ QLabel* frmAbout::addLabel(QGridLayout& layout, const char* name, const QString&
     return label;
 }
 
-void frmAbout::ShowAbout(QWidget* parent) {
-    Guarded("ShowAbout", Component, [&] { frmAbout(parent).exec(); });
-}
+void frmAbout::RunAsSplash() {
+    setWindowFlags(Qt::SplashScreen);
+    m_close->hide();
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
 
-void frmAbout::ShowSplash() {
-    Guarded("ShowSplash", Component, [] {
-        frmAbout splash;
-        splash.setWindowFlags(Qt::SplashScreen);
-        splash.findChild<QPushButton*>(QStringLiteral("cmdClose"))->hide();
-        splash.adjustSize();
-        splash.move(splash.screen()->availableGeometry().center() - splash.rect().center());
-
-        QEventLoop wait;
-        QTimer stay;
-        stay.setSingleShot(true);
-        stay.setTimerType(Qt::PreciseTimer);
-        connect(&stay, &QTimer::timeout, &wait, &QEventLoop::quit);
-        stay.start(LongestWaitForPaint);
-        const SplashWatcher watcher(splash, [&] { stay.start(SplashMilliseconds); });
-        splash.show();
-        wait.exec();
-    });
+    QEventLoop wait;
+    QTimer stay;
+    stay.setSingleShot(true);
+    stay.setTimerType(Qt::PreciseTimer);
+    connect(&stay, &QTimer::timeout, &wait, &QEventLoop::quit);
+    stay.start(LongestWaitForPaint);
+    const SplashWatcher watcher(*this, [&] { stay.start(SplashMilliseconds); });
+    show();
+    wait.exec();
 }

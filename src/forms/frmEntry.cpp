@@ -3,21 +3,17 @@
 #include "app/Messages.h"
 #include "app/TextBoxFocus.h"
 #include "app/Theme.h"
-#include "core/Guard.h"
+#include "app/WindowTitle.h"
 #include "core/Numbers.h"
 #include "forms/KeyPreview.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
 namespace {
-
-const QString Confirmed = QStringLiteral("OK");
-const QString Cancelled = QStringLiteral("CANCEL");
 
 QPushButton* button(const QString& name, const QString& caption) {
     auto* control = new QPushButton(caption);
@@ -29,12 +25,18 @@ QPushButton* button(const QString& name, const QString& caption) {
 
 } // namespace
 
-frmEntry::frmEntry(QWidget* parent)
+frmEntry::frmEntry(QWidget* parent, const QString& team, qint32 score, bool joker)
     : QDialog(parent)
-    , m_score(new QLineEdit)
-    , m_joker(new QCheckBox(QStringLiteral("Joker")))
-    , m_answer(Cancelled) {
+    , m_score(new QLineEdit(QString::number(score)))
+    , m_joker(new QCheckBox(QStringLiteral("Joker"))) {
     setObjectName(QStringLiteral("frmEntry"));
+    SetWindowTitle(*this, team);
+    m_joker->setChecked(joker);
+    build();
+    new KeyPreview(this, KeyPreview::Releases::Swallow, [this](int key) { return onKey(key); });
+}
+
+void frmEntry::build() {
     QFont arial = font();
     arial.setFamily(QStringLiteral("Arial"));
     setFont(arial);
@@ -52,7 +54,7 @@ frmEntry::frmEntry(QWidget* parent)
     TextBoxFocus::Attach(m_score);
     m_joker->setObjectName(QStringLiteral("chkJoker"));
     auto* ok = button(QStringLiteral("cmdOK"), QStringLiteral("OK"));
-    auto* cancelButton = button(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+    auto* cancel = button(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit);
@@ -61,16 +63,10 @@ frmEntry::frmEntry(QWidget* parent)
     layout->addWidget(m_score, 0, 1, 1, 2);
     layout->addWidget(m_joker, 1, 1, 1, 2);
     layout->addWidget(ok, 2, 1);
-    layout->addWidget(cancelButton, 2, 2);
+    layout->addWidget(cancel, 2, 2);
 
     connect(ok, &QPushButton::clicked, this, &frmEntry::confirm);
-    connect(cancelButton, &QPushButton::clicked, this, &frmEntry::cancel);
-    new KeyPreview(this, KeyPreview::Releases::Swallow, [this](int key) { return onKey(key); });
-}
-
-void frmEntry::SetEntry(qint32 score, bool joker) {
-    m_score->setText(QString::number(score));
-    m_joker->setChecked(joker);
+    connect(cancel, &QPushButton::clicked, this, &frmEntry::reject);
     m_score->setFocus();
 }
 
@@ -82,46 +78,24 @@ bool frmEntry::Joker() const {
     return m_joker->isChecked();
 }
 
+QString frmEntry::Answer() const {
+    return result() == Accepted ? QStringLiteral("OK") : QStringLiteral("CANCEL");
+}
+
 bool frmEntry::onKey(int key) {
-    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (key == Qt::Key_Return)
         confirm();
     else if (key == Qt::Key_Escape)
-        cancel();
+        reject();
     else
         return false;
     return true;
 }
 
 void frmEntry::confirm() {
-    if (!ParseNumber(m_score->text())) {
+    if (ParseNumber(m_score->text()))
+        accept();
+    else
         Messages::Inform(this, QStringLiteral("Score must be a numeric value"),
                          QStringLiteral("Rankelo Error"));
-        return;
-    }
-    m_answer = Confirmed;
-    hide();
-}
-
-void frmEntry::cancel() {
-    m_answer = Cancelled;
-    hide();
-}
-
-void frmEntry::closeEvent(QCloseEvent* event) {
-    cancel();
-    event->accept();
-}
-
-bool GetEntry(QWidget* parent, const QString& title, qint32& score, bool& joker) {
-    return Guarded("GetEntry", "modForms", false, [&] {
-        frmEntry dialog(parent);
-        dialog.setWindowTitle(title);
-        dialog.SetEntry(score, joker);
-        dialog.exec();
-        if (dialog.Answer() != Confirmed)
-            return false;
-        score = dialog.Score();
-        joker = dialog.Joker();
-        return true;
-    });
 }

@@ -11,27 +11,20 @@ class frmEntry : public QDialog {
     Q_OBJECT
 
 public:
-    explicit frmEntry(QWidget* parent);
+    /// `team` is whose score is asked for.
+    frmEntry(QWidget* parent, const QString& team, qint32 score, bool joker);
 
-    void SetEntry(qint32 score, bool joker);
     /// Throws error 6 for a score beyond 32 bits. Halves are rounded to even.
     qint32 Score() const;
     bool Joker() const;
     /// "OK" when confirmed, "CANCEL" otherwise.
-    const QString& Answer() const { return m_answer; }
+    QString Answer() const;
 
 private:
-    void confirm();
-    void cancel();
+    void build();
     bool onKey(int key);
-    void closeEvent(QCloseEvent* event) override;
+    void confirm();
 
     QLineEdit* m_score;
     QCheckBox* m_joker;
-    QString m_answer;
 };
-
-/// Runs the score dialog over `parent`, under a title that says whose score is asked for. True when
-/// the operator confirmed; `score` and `joker` then hold the answer, otherwise they stay as they
-/// were.
-bool GetEntry(QWidget* parent, const QString& title, qint32& score, bool& joker);

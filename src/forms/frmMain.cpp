@@ -8,16 +8,15 @@
 #include "core/Guard.h"
 #include "core/ProductInfo.h"
 #include "core/Utilities.h"
-#include "data/Require.h"
-#include "data/RoundDAO.h"
-#include "display/frmOptions.h"
+#include "data/Round.h"
 #include "forms/KeyPreview.h"
+#include "forms/RoundChooser.h"
 #include "forms/modForms.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QGridLayout>
+#include <QKeySequence>
 
 #include <algorithm>
 
@@ -25,56 +24,54 @@ namespace {
 
 constexpr const char* Component = "frmMain";
 constexpr qint32 NoPreference = -1;
+constexpr int NoKey = 0;
 
-struct Key {
-    int code;
+struct KnownCommand {
+    int key;
     qint32 command;
+    // The tile, for the commands that have one, and its place in the grid.
+    const char *name = nullptr, *icon = nullptr, *caption = nullptr, *toolTip = nullptr;
+    int row = 0, column = 0, columns = 1;
 };
-constexpr Key Keys[] = {
-    {Qt::Key_F1, frmMain::UserGuide},       {Qt::Key_F2, frmMain::RoundsSetup},
-    {Qt::Key_F3, frmMain::TeamsSetup},      {Qt::Key_F4, frmMain::PreviousRound},
-    {Qt::Key_F5, frmMain::NextRound},       {Qt::Key_F6, frmMain::EnterResults},
-    {Qt::Key_F7, frmMain::ShowRound},       {Qt::Key_F8, frmMain::ShowOverall},
-    {Qt::Key_Escape, frmMain::ExitProgram},
-};
-
-// Where a tile stands. The rows follow the evening: set up, enter and the rest above, show and
-// view below; empty columns part the groups.
-struct Tile {
-    const char *name, *icon, *caption, *toolTip, *key;
-    qint32 command;
-    int row, column, columns;
-};
-constexpr Tile Tiles[] = {
-    {"cmdRoundSetup", "rounds-setup", "Rounds Setup", "[F2] Add, Edit & Delete Rounds", "F2",
-     frmMain::RoundsSetup, 0, 0, 1},
-    {"cmdTeamSetup", "teams-setup", "Teams Setup", "[F3] Enter, Edit & Delete Teams", "F3",
-     frmMain::TeamsSetup, 0, 1, 1},
-    {"cmdResultsEntry", "results-entry", "Enter Results", "[F6] Enter Results for a Round", "F6",
-     frmMain::EnterResults, 0, 3, 2},
-    {"cmdDisplayRound", "show-round", "Show Round", "[F7] Display Results for Selected Round", "F7",
-     frmMain::ShowRound, 1, 0, 1},
-    {"cmdDisplayLeader", "show-leader", "Show Rankelo", "[F8] Display Results for Selected Round",
-     "F8", frmMain::ShowOverall, 1, 1, 1},
-    {"cmdViewResults", "view-round", "View Round", "View results in a Window", "",
-     frmMain::ViewRound, 1, 3, 1},
-    {"cmdViewLeader", "view-leader", "View Rankelo", "Add, Edit & Delete Rounds", "",
-     frmMain::ViewOverall, 1, 4, 1},
-    {"cmdConfiguration", "configuration", "Configuration", "Application Configuration", "",
-     frmMain::Configuration, 0, 6, 1},
-    {"cmdExit", "exit", "Exit Application", "Exit Application", "Esc", frmMain::ExitProgram, 1, 6,
-     1},
+// Tab visits the tiles in this order. Their rows follow the quiz: set up, enter and the rest above,
+// show and view below; empty columns part the groups.
+constexpr KnownCommand Commands[] = {
+    {Qt::Key_F2, frmMain::RoundsSetup, "cmdRoundSetup", "rounds-setup", "Rounds Setup",
+     "[F2] Add, Edit & Delete Rounds", 0, 0},
+    {Qt::Key_F3, frmMain::TeamsSetup, "cmdTeamSetup", "teams-setup", "Teams Setup",
+     "[F3] Enter, Edit & Delete Teams", 0, 1},
+    {Qt::Key_F6, frmMain::EnterResults, "cmdResultsEntry", "results-entry", "Enter Results",
+     "[F6] Enter Results for a Round", 0, 3, 2},
+    {Qt::Key_F7, frmMain::ShowRound, "cmdDisplayRound", "show-round", "Show Round",
+     "[F7] Display Results for Selected Round", 1, 0},
+    {Qt::Key_F8, frmMain::ShowOverall, "cmdDisplayLeader", "show-leader", "Show Rankelo",
+     "[F8] Display Results for Selected Round", 1, 1},
+    {NoKey, frmMain::ViewRound, "cmdViewResults", "view-round", "View Round",
+     "View results in a Window", 1, 3},
+    {NoKey, frmMain::ViewOverall, "cmdViewLeader", "view-leader", "View Rankelo",
+     "Add, Edit & Delete Rounds", 1, 4},
+    {NoKey, frmMain::Configuration, "cmdConfiguration", "configuration", "Configuration",
+     "Application Configuration", 0, 6},
+    {Qt::Key_Escape, frmMain::ExitProgram, "cmdExit", "exit", "Exit Application",
+     "Exit Application", 1, 6},
+    {Qt::Key_F1, frmMain::UserGuide},
+    {Qt::Key_F4, frmMain::PreviousRound},
+    {Qt::Key_F5, frmMain::NextRound},
 };
 constexpr int GapColumns[] = {2, 5};
+
+// "[3] Music".
+QString numberedName(const Round& round) {
+    return u'[' + QString::number(round.RoundNumber) + QStringLiteral("] ") + round.RoundName;
+}
 
 } // namespace
 
 frmMain::frmMain()
-    : m_rounds(new QComboBox)
+    : m_rounds(new RoundChooser)
     , m_showAll(new QCheckBox(QStringLiteral("Show All Rankings"))) {
     setObjectName(QStringLiteral("frmMain"));
     build();
-    modForms::SetConsole(this);
     new KeyPreview(this, KeyPreview::Releases::Swallow, [this](int key) { return onKey(key); });
     ListRounds(NoPreference);
     setWindowTitle(
@@ -83,12 +80,8 @@ frmMain::frmMain()
 }
 
 void frmMain::build() {
-    m_rounds->setObjectName(QStringLiteral("cboRounds"));
     m_rounds->setAccessibleName(QStringLiteral("Round"));
-    m_rounds->setIconSize(QSize(Theme::ButtonIcon, Theme::ButtonIcon));
     m_rounds->setMinimumHeight(6 * Theme::Unit);
-    // A round's name may be longer than the screen is wide.
-    m_rounds->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_showAll->setObjectName(QStringLiteral("chkShowAllRound"));
     // What every round begins with is read from a step away.
     QFont large = font();
@@ -102,11 +95,13 @@ void frmMain::build() {
     grid->addWidget(m_showAll, 0, 6);
     grid->setRowMinimumHeight(1, Theme::Unit);
     constexpr int firstTileRow = 2;
-    for (const Tile& tile : Tiles) {
+    for (const KnownCommand& tile : Commands) {
+        if (!tile.name)
+            continue;
         auto* button =
             new TileButton(QString::fromLatin1(tile.name), QString::fromLatin1(tile.icon),
                            QString::fromLatin1(tile.caption), QString::fromLatin1(tile.toolTip),
-                           QString::fromLatin1(tile.key));
+                           QKeySequence(tile.key).toString());
         grid->addWidget(button, firstTileRow + tile.row, tile.column, 1, tile.columns);
         connect(button, &TileButton::clicked, this, [this, &tile] { RunCommand(tile.command); });
     }
@@ -122,21 +117,13 @@ void frmMain::build() {
 }
 
 void frmMain::ListRounds(qint32 selectPosition) {
-    Guarded("ListRounds", Component, [&] {
-        m_rounds->clear();
-        const auto list = RoundDAO().GetRoundList();
-        const ObjectList<Round>& rounds = Require(list);
-        const QIcon picture = Theme::RowIcon(QStringLiteral("round"));
-        for (qint32 i = 0; i <= rounds.LastIndex(); ++i) {
-            const Round& round = *rounds.Item(i);
-            m_rounds->addItem(picture,
-                              u'[' + QString::number(round.RoundNumber) + QStringLiteral("] ") +
-                                  round.RoundName,
-                              round.RoundID);
-        }
-        const bool anyway = selectPosition == NoPreference && m_rounds->count() > 0;
-        m_rounds->setCurrentIndex(anyway ? 0 : std::max(selectPosition, 0) - 1);
-    });
+    Guarded("ListRounds", Component, [&] { listRounds(selectPosition); });
+}
+
+void frmMain::listRounds(qint32 selectPosition) {
+    m_rounds->Fill(numberedName);
+    const int wanted = selectPosition == NoPreference ? 0 : std::max(selectPosition, 0) - 1;
+    m_rounds->setCurrentIndex(wanted);
 }
 
 void frmMain::RunCommand(qint32 command) {
@@ -146,14 +133,14 @@ void frmMain::RunCommand(qint32 command) {
 void frmMain::dispatch(qint32 command) {
     switch (command) {
     case RoundsSetup:
-        if (modForms::RoundEntry())
+        if (modForms::RoundEntry(this))
             ListRounds(NoPreference);
         break;
     case TeamsSetup:
-        modForms::TeamEntry();
+        modForms::TeamEntry(this);
         break;
     case Configuration:
-        frmOptions(this, [](QWidget*) { modForms::ShowAbout(); }).exec();
+        modForms::Options(this);
         break;
     case EnterResults:
     case ShowRound:
@@ -161,10 +148,10 @@ void frmMain::dispatch(qint32 command) {
         runForRound(command);
         break;
     case ShowOverall:
-        modForms::ViewResults(modForms::OverallOnBoard, revealFrom(), QString());
+        modForms::ViewResults(this, modForms::OverallOnBoard, revealFrom(), QString());
         break;
     case ViewOverall:
-        modForms::ViewResults(modForms::OverallInWindow, revealFrom(), QString());
+        modForms::ViewResults(this, modForms::OverallInWindow, revealFrom(), QString());
         break;
     case UserGuide:
         AppUtilities().OpenFile(Paths().AppPath + QStringLiteral("Rankelo.PDF"));
@@ -194,13 +181,13 @@ void frmMain::runForRound(qint32 command) {
                          QStringLiteral("Rankelo Invalid Entry"));
         return;
     }
-    const QString round = m_rounds->currentData().toString();
+    const QString round = m_rounds->SelectedKey();
     if (command == EnterResults)
-        modForms::ResultEntry(round);
+        modForms::ResultEntry(this, round);
     else if (command == ShowRound)
-        modForms::ViewResults(modForms::RoundOnBoard, revealFrom(), round);
+        modForms::ViewResults(this, modForms::RoundOnBoard, revealFrom(), round);
     else
-        modForms::ViewResults(modForms::RoundInWindow, revealFrom(), round);
+        modForms::ViewResults(this, modForms::RoundInWindow, revealFrom(), round);
 }
 
 void frmMain::step(int by) {
@@ -218,8 +205,9 @@ void frmMain::askToExit() {
 }
 
 bool frmMain::onKey(int key) {
-    const auto* known = std::ranges::find(Keys, key, &Key::code);
-    if (known == std::end(Keys))
+    const auto* known = std::ranges::find(Commands, key, &KnownCommand::key);
+    // A key that the keyboard does not name has no code either.
+    if (key == NoKey || known == std::end(Commands))
         return false;
     RunCommand(known->command);
     return true;

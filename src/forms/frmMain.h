@@ -3,9 +3,9 @@
 #include <QWidget>
 
 class QCheckBox;
-class QComboBox;
+class RoundChooser;
 
-/// The console: the operator's home for the whole evening. Every action is a numbered command,
+/// The console: the operator's home for the whole quiz. Every action is a numbered command,
 /// run by a button or a function key. It cannot be closed, only left by the exit command.
 class frmMain : public QWidget {
     Q_OBJECT
@@ -39,6 +39,7 @@ protected:
 
 private:
     void build();
+    void listRounds(qint32 selectPosition);
     void dispatch(qint32 command);
     void runForRound(qint32 command);
     qint32 revealFrom() const;
@@ -46,6 +47,6 @@ private:
     void askToExit();
     bool onKey(int key);
 
-    QComboBox* m_rounds;
+    RoundChooser* m_rounds;
     QCheckBox* m_showAll;
 };

@@ -2,10 +2,11 @@
 
 #include <QDialog>
 
-class QComboBox;
+#include <functional>
+
 class QLineEdit;
-class QTreeWidgetItem;
 class RecordList;
+class RoundChooser;
 
 /// Result entry: all teams in one round. Enter or a double-click asks for the selected team's
 /// score, which is saved at once; Esc closes.
@@ -13,7 +14,12 @@ class frmResultEntry : public QDialog {
     Q_OBJECT
 
 public:
-    explicit frmResultEntry(QWidget* parent = nullptr);
+    /// Runs the score dialog over a screen for a team. True when the operator confirmed; score and
+    /// joker then hold the answer, otherwise they stay as they were.
+    using AskScore =
+        std::function<bool(QWidget* over, const QString& team, qint32& score, bool& joker)>;
+
+    frmResultEntry(QWidget* parent, AskScore askScore);
 
     /// Fills the screen with all teams and rounds and the stored results of the round with the
     /// key, or of the first round when there is none with it.
@@ -28,15 +34,20 @@ public:
     void UpdateResult(const QString& roundKey, const QString& teamKey);
 
 private:
+    void build();
     QWidget* makeRoundFrame();
     QWidget* makeCounters();
+    void setUpColumns();
     void fillTeams();
     void fillRounds(const QString& roundKey);
+    void showResults(const QString& roundKey);
+    void updateResult(const QString& roundKey, const QString& teamKey);
+    int countEntries();
     void editSelectedRow();
-    QTreeWidgetItem* rowOf(const QString& teamKey) const;
     bool onKey(int key);
 
-    QComboBox* m_rounds;
+    AskScore m_askScore;
+    RoundChooser* m_rounds;
     RecordList* m_teams;
     QLineEdit* m_outOf;
     QLineEdit* m_entered;

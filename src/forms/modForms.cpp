@@ -1,6 +1,5 @@
 #include "forms/modForms.h"
 
-#include "app/TextBoxFocus.h"
 #include "app/frmAbout.h"
 #include "app/modCommon.h"
 #include "core/Guard.h"
@@ -8,6 +7,7 @@
 #include "data/RoundDAO.h"
 #include "data/SummaryDAO.h"
 #include "display/Render.h"
+#include "display/frmOptions.h"
 #include "display/frmSummary.h"
 #include "display/frmViewResults.h"
 #include "forms/frmEntry.h"
@@ -15,14 +15,12 @@
 #include "forms/frmRoundEntry.h"
 #include "forms/frmTeamEntry.h"
 
-#include <QApplication>
 #include <QPointer>
 
 namespace {
 
 constexpr const char* Component = "modForms";
 
-QPointer<QWidget> theConsole;
 QPointer<frmSummary> theBoard;
 
 struct Standings {
@@ -44,83 +42,84 @@ Standings standingsOf(qint32 mode, const QString& roundKey) {
 }
 
 // A board that is still open goes first: each build gets a fresh screen.
-void showOnBoard(Standings standings, qint32 revealFrom) {
+void showOnBoard(const QWidget* console, Standings standings, qint32 revealFrom) {
     delete theBoard;
-    theBoard = new frmSummary(theConsole);
+    theBoard = new frmSummary(console);
     theBoard->Build(
         [board = theBoard.data(), settings = modCommon::AppSettings(),
          list = std::shared_ptr(std::move(standings.list)), title = standings.title,
          revealFrom] { Render(settings).RenderResults(*board, *list, title, revealFrom); });
 }
 
-void showInWindow(const Standings& standings) {
-    frmViewResults screen(theConsole);
+void showInWindow(QWidget* console, const Standings& standings) {
+    frmViewResults screen(console);
     Render(modCommon::AppSettings()).ViewResults(screen, *standings.list, standings.title);
+}
+
+void viewResults(QWidget* console, qint32 mode, qint32 revealFrom, const QString& roundKey) {
+    Standings standings = standingsOf(mode, roundKey);
+    if (!standings.list)
+        return;
+    if (mode == modForms::RoundOnBoard || mode == modForms::OverallOnBoard)
+        showOnBoard(console, std::move(standings), revealFrom);
+    else if (mode == modForms::RoundInWindow || mode == modForms::OverallInWindow)
+        showInWindow(console, standings);
+}
+
+template <typename Screen>
+bool runEntry(QWidget* console) {
+    Screen screen(console);
+    if (!screen.FillList())
+        return false;
+    screen.exec();
+    return true;
 }
 
 } // namespace
 
-void modForms::SetConsole(QWidget* console) {
-    theConsole = console;
+bool modForms::RoundEntry(QWidget* console) {
+    return Guarded("RoundEntry", Component, false,
+                   [&] { return runEntry<frmRoundEntry>(console); });
 }
 
-bool modForms::RoundEntry() {
-    return Guarded("RoundEntry", Component, false, [] {
-        frmRoundEntry screen(theConsole);
-        if (!screen.FillList())
-            return false;
-        screen.exec();
-        return true;
-    });
+bool modForms::TeamEntry(QWidget* console) {
+    return Guarded("TeamEntry", Component, false, [&] { return runEntry<frmTeamEntry>(console); });
 }
 
-bool modForms::TeamEntry() {
-    return Guarded("TeamEntry", Component, false, [] {
-        frmTeamEntry screen(theConsole);
-        if (!screen.FillList())
-            return false;
-        screen.exec();
-        return true;
-    });
-}
-
-bool modForms::ResultEntry(const QString& roundKey) {
+bool modForms::ResultEntry(QWidget* console, const QString& roundKey) {
     return Guarded("ResultEntry", Component, false, [&] {
-        frmResultEntry screen(theConsole);
+        frmResultEntry screen(console, GetEntry);
         screen.Fill(roundKey);
         screen.exec();
         return true;
     });
 }
 
-bool modForms::GetEntry(qint32& score, bool& joker) {
-    return ::GetEntry(QApplication::activeModalWidget(), QString(), score, joker);
-}
-
-void modForms::ShowAbout() {
-    frmAbout::ShowAbout(QApplication::activeWindow());
-}
-
-void modForms::ShowSplash() {
-    frmAbout::ShowSplash();
-}
-
-void modForms::ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey) {
-    Guarded("ViewResults", Component, [&] {
-        Standings standings = standingsOf(mode, roundKey);
-        if (!standings.list)
-            return;
-        if (mode == RoundOnBoard || mode == OverallOnBoard)
-            showOnBoard(std::move(standings), revealFrom);
-        else if (mode == RoundInWindow || mode == OverallInWindow)
-            showInWindow(standings);
+bool modForms::GetEntry(QWidget* over, const QString& team, qint32& score, bool& joker) {
+    return Guarded("GetEntry", Component, false, [&] {
+        frmEntry dialog(over, team, score, joker);
+        dialog.exec();
+        if (dialog.Answer() != u"OK")
+            return false;
+        score = dialog.Score();
+        joker = dialog.Joker();
+        return true;
     });
 }
 
-void modForms::FocusGained(QWidget* control) {
-    TextBoxFocus::Gained(control);
+void modForms::Options(QWidget* console) {
+    Guarded("Options", Component, [&] { frmOptions(console, ShowAbout).exec(); });
 }
 
-void modForms::FocusLost(QWidget* control) {
-    TextBoxFocus::Lost(control);
+void modForms::ShowAbout(QWidget* over) {
+    Guarded("ShowAbout", Component, [&] { frmAbout(over).exec(); });
+}
+
+void modForms::ShowSplash() {
+    Guarded("ShowSplash", Component, [] { frmAbout().RunAsSplash(); });
+}
+
+void modForms::ViewResults(QWidget* console, qint32 mode, qint32 revealFrom,
+                           const QString& roundKey) {
+    Guarded("ViewResults", Component, [&] { viewResults(console, mode, revealFrom, roundKey); });
 }

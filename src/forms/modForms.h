@@ -16,29 +16,28 @@ enum ViewMode : qint32 {
     OverallOnBoard = 4,
 };
 
-/// The screen that all others are opened over; null for none.
-void SetConsole(QWidget* console);
+// `console` is the screen that the others are opened over, and whose display the board leaves to
+// the operator.
 
 /// Opens the round entry screen and waits until it is closed.
-bool RoundEntry();
+bool RoundEntry(QWidget* console);
 /// Opens the team entry screen and waits until it is closed.
-bool TeamEntry();
+bool TeamEntry(QWidget* console);
 /// Opens the result entry screen on a round, the first one when the key matches none, and waits
 /// until it is closed.
-bool ResultEntry(const QString& roundKey);
-/// Runs the score dialog over the screen in use; see GetEntry in frmEntry.h.
-bool GetEntry(qint32& score, bool& joker);
-/// Shows the about box and waits until it is closed.
-void ShowAbout();
+bool ResultEntry(QWidget* console, const QString& roundKey);
+/// Runs the score dialog over a screen for a team. True when the operator confirmed; `score` and
+/// `joker` then hold the answer, otherwise they stay as they were.
+bool GetEntry(QWidget* over, const QString& team, qint32& score, bool& joker);
+/// Opens the settings of the board and waits until they are closed.
+void Options(QWidget* console);
+/// Shows the about box over a screen and waits until it is closed.
+void ShowAbout(QWidget* over);
 /// Shows the splash screen for its two seconds.
 void ShowSplash();
 /// Shows standings in a window, and waits until it is closed, or on the board. `revealFrom` is 0 to
 /// show every line of the board at once, 4 to keep the podium hidden. Shows nothing for an unknown
 /// round or without standings.
-void ViewResults(qint32 mode, qint32 revealFrom, const QString& roundKey);
-
-// What a text box does when it is entered and left; see TextBoxFocus.
-void FocusGained(QWidget* control);
-void FocusLost(QWidget* control);
+void ViewResults(QWidget* console, qint32 mode, qint32 revealFrom, const QString& roundKey);
 
 } // namespace modForms

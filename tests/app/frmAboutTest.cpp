@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 class frmAboutTest : public QObject {
     Q_OBJECT
@@ -38,7 +39,7 @@ private slots:
             QTimer::singleShot(milliseconds, this, disturb);
         QElapsedTimer time;
         time.start();
-        frmAbout::ShowSplash();
+        frmAbout().RunAsSplash();
         QVERIFY(time.elapsed() >= 2000 && seen == 2 && pressed.isEmpty());
         QCOMPARE(folder.TakeReports(), QStringList());
     }

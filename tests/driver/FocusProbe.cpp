@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-/// A plugin that the driver has the program load: says on standard output where the keyboard's focus
-/// is whenever it has moved, as "title of the window|name of the control". It only watches.
+/// A plugin that the driver has the program load: says on standard output where the keyboard's
+/// focus is whenever it has moved, as "title of the window|name of the control". It only watches.
 class FocusProbe : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "FocusProbe.json")

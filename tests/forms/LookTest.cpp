@@ -1,16 +1,49 @@
-#include "Screens.h"
+#include "Quiz.h"
 #include "app/Theme.h"
+#include "app/frmAbout.h"
 #include "display/BoardLabel.h"
+#include "display/frmOptions.h"
+#include "display/frmViewResults.h"
+#include "forms/frmEntry.h"
+#include "forms/frmMain.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
 #include <QHeaderView>
-#include <QLineEdit>
+#include <QLabel>
 #include <QTest>
-#include <QTreeWidget>
 
 namespace {
+
+Screen resultsWindow() {
+    auto screen = std::make_unique<frmViewResults>();
+    screen->AddRow("1", "Ants", "14", "Played");
+    Control<QComboBox>(*screen, "cboPrinter").addItem("Hall");
+    Control<QComboBox>(*screen, "cboPrinter").setCurrentIndex(0);
+    return screen;
+}
+
+// Every screen but the board, filled, and the order in which Tab visits its controls.
+const struct {
+    Screen (*Make)();
+    const char* TabOrder;
+} Screens[] = {
+    {[] { return Screen(new frmMain); },
+     "cboRounds chkShowAllRound cmdRoundSetup cmdTeamSetup cmdResultsEntry cmdDisplayRound "
+     "cmdDisplayLeader cmdViewResults cmdViewLeader cmdConfiguration cmdExit"},
+    {TeamScreen, "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
+    {RoundScreen, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
+    {ResultScreen, "lvTeams cboRounds"},
+    {[] { return Screen(new frmEntry(nullptr, "Ants", 12, true)); },
+     "txtScore chkJoker cmdOK cmdCancel"},
+    {[] { return Screen(new frmOptions(nullptr, nullptr)); },
+     "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
+     "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
+     "cmdReset chkDebugMode cmdSave cmdClose cmdAbout"},
+    {resultsWindow, "lvResults cboPrinter cmdPrint"},
+    {[] { return Screen(new frmAbout); }, "cmdClose"},
+};
 
 // The smallest size in which a control shows its whole text.
 QSize neededBy(const QWidget& control) {
@@ -91,8 +124,8 @@ class LookTest : public QObject {
 private slots:
     // Room for every text, contrast, a name and a role for every control, and a way by keyboard.
     void everyScreen() {
-        const Evening evening;
-        WriteFile(evening.Path("JOKER.BMP"), "");
+        const Quiz quiz;
+        WriteFile(quiz.Path("JOKER.BMP"), "");
         QStringList faults;
         for (const bool isDark : {false, true}) {
             QApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));

@@ -1,5 +1,5 @@
 #include "forms/frmMain.h"
-#include "Evening.h"
+#include "Quiz.h"
 #include "core/AppPaths.h"
 #include "core/Utilities.h"
 
@@ -10,43 +10,45 @@
 
 namespace {
 
-struct Console : Evening {
-    Console() {
-        WriteFile(Path("Rankelo.PDF"), "a guide");
+struct Console : Opened {
+    Console()
+        : Opened([]() -> Screen { return std::make_unique<frmMain>(); }) {
         AppUtilities().OpenDocument = [this](const QString& path) {
             effects.append("document " + path.mid(Paths().AppPath.size()));
         };
-        ShowScreen(screen);
+        WriteFile(Path("Rankelo.PDF"), "a guide");
     }
 
-    // With the second round selected, what a step brings about: a dialog, a board, an opened
-    // document or another selected round.
+    void Run(qint32 command) { static_cast<frmMain&>(*screen).RunCommand(command); }
+
+    // With the second round selected, what a step brings about: a dialog and the round in it, a
+    // board, an opened document, another selected round.
     void Expect(const QString& effect, const std::function<void()>& step) {
         effects.clear();
         rounds.setCurrentIndex(1);
-        std::list<ModalAnswers::Answer> expected;
-        if (effect.startsWith("dialog"))
-            expected.emplace_back([this](QDialog& dialog) {
-                effects.append("dialog " + dialog.windowTitle());
-                Press(Qt::Key_Escape);
-            });
-        const ModalAnswers answers(expected);
+        const auto answer = [this](QDialog& dialog) {
+            effects.append("dialog " + dialog.windowTitle());
+            if (const auto* chooser = dialog.findChild<QComboBox*>("cboRounds"))
+                effects.append(chooser->currentText());
+            if (auto* about = dialog.findChild<QWidget*>("cmdAbout"))
+                Click(*about);
+            Press(Qt::Key_Escape);
+        };
+        const ModalAnswers answers({static_cast<size_t>(effect.count("dialog")), answer});
         step();
         QVERIFY2(answers.AllGiven(), qPrintable(effect));
         for (frmSummary* board : Boards()) {
             effects.append("board " + board->windowTitle());
             board->hide(); // Still there when the next one is asked for.
         }
-        // Opening Rounds Setup refills the chooser.
-        if (rounds.currentIndex() != 1 && effects.isEmpty())
+        if (rounds.currentIndex() != 1)
             effects.append("round " + rounds.currentText());
         QCOMPARE(effects.join(u' '), effect);
-        ShowScreen(screen);
+        ShowScreen(*screen);
     }
 
     QStringList effects;
-    frmMain screen;
-    QComboBox& rounds = Control<QComboBox>(screen, "cboRounds");
+    QComboBox& rounds = Get<QComboBox>("cboRounds");
 };
 
 } // namespace
@@ -64,10 +66,10 @@ private slots:
             int key;
             const char *button, *effect;
         } commands[] = {
-            {1, Qt::Key_F2, "cmdRoundSetup", "dialog Round Entry"},
+            {1, Qt::Key_F2, "cmdRoundSetup", "dialog Round Entry round [1] Music"},
             {2, Qt::Key_F3, "cmdTeamSetup", "dialog Team Entry"},
-            {3, 0, "cmdConfiguration", "dialog Settings"},
-            {4, Qt::Key_F6, "cmdResultsEntry", "dialog Result Entry"},
+            {3, 0, "cmdConfiguration", "dialog Settings dialog Rankelo"},
+            {4, Qt::Key_F6, "cmdResultsEntry", "dialog Result Entry Films"},
             {5, Qt::Key_F7, "cmdDisplayRound", "board Films Results"},
             {6, Qt::Key_F8, "cmdDisplayLeader", "board Rankelo Results"},
             {7, 0, "cmdViewResults", "dialog Films Results"},
@@ -80,12 +82,12 @@ private slots:
         };
         for (const auto& [command, key, button, effect] : commands) {
             Console console;
-            console.Expect(effect, [&] { console.screen.RunCommand(command); });
+            console.Expect(effect, [&] { console.Run(command); });
             if (key != 0)
                 console.Expect(effect, [&] { Press(key); });
             if (!button)
                 continue;
-            auto& tile = Control<QAbstractButton>(console.screen, button);
+            auto& tile = console.Get<QAbstractButton>(button);
             console.Expect(effect, [&] { Click(tile); });
             tile.setFocus();
             console.Expect(effect, [&] { Press(Qt::Key_Space); });
@@ -93,29 +95,43 @@ private slots:
         }
     }
 
-    // With the list dropped down, Enter and Esc belong to it; a function key closes it and does
-    // its work.
-    void letsTheListKeepItsKeys() {
+    // Letters reach the chooser, releases nobody; at its ends it stays. With its list dropped
+    // down, Enter and Esc belong to the list; a function key closes it and does its work.
+    void leavesKeysToTheChooser() {
         Console console;
-        for (const int key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_F5})
-            console.Expect(key == Qt::Key_Escape ? "" : "round [3] Sport", [&] {
-                console.rounds.showPopup();
-                QTRY_VERIFY(console.rounds.view()->isVisible());
-                Press(Qt::Key_Down);
-                Press(key);
+        QVERIFY(!ReleaseArrives());
+        console.Expect("round [3] Sport", [] { Type("[3"); });
+        const struct {
+            bool isDroppedDown;
+            QList<int> keys;
+            const char* effect;
+        } cases[] = {{false, {Qt::Key_F4, Qt::Key_F4}, "round [1] Music"},
+                     {false, {Qt::Key_F5, Qt::Key_F5}, "round [3] Sport"},
+                     {true, {Qt::Key_Down, Qt::Key_Return}, "round [3] Sport"},
+                     {true, {Qt::Key_Down, Qt::Key_Escape}, ""},
+                     {true, {Qt::Key_Down, Qt::Key_F5}, "round [3] Sport"}};
+        for (const auto& [isDroppedDown, keys, effect] : cases)
+            console.Expect(effect, [&] {
+                if (isDroppedDown)
+                    console.rounds.showPopup();
+                QTRY_COMPARE(console.rounds.view()->isVisible(), isDroppedDown);
+                for (const int key : keys)
+                    Press(key);
                 QTRY_VERIFY(!console.rounds.view()->isVisible());
             });
     }
 
-    // Hidden places are seen in a whole evening.
-    void showsAllWhenTheBoxSaysSo() {
+    void hidesThePodiumUnlessTheBoxSaysSo() {
         Console console;
-        Control<QCheckBox>(console.screen, "chkShowAllRound").setFocus();
-        Press(Qt::Key_Space);
-        for (const int key : {Qt::Key_F7, Qt::Key_F8}) {
-            Press(key);
-            QVERIFY(Control<QWidget>(*Evening::Boards().value(0), "lblLabel1").isVisible());
-            ShowScreen(console.screen);
+        console.Get("chkShowAllRound").setFocus();
+        for (const bool isAll : {false, true}) {
+            for (const int key : {Qt::Key_F7, Qt::Key_F8}) {
+                Press(key);
+                QCOMPARE(Control<QWidget>(*Quiz::Boards().value(0), "lblLabel1").isVisible(),
+                         isAll);
+                ShowScreen(*console.screen);
+            }
+            Press(Qt::Key_Space);
         }
     }
 
@@ -123,19 +139,16 @@ private slots:
     // wrong, without a round a message. The close box does nothing.
     void opensNothingThatCannotBeFilled() {
         Console console;
-        QVERIFY(!console.screen.close());
+        QVERIFY(!console.screen->close());
         RunForeign(console.DatabasePath(), {"DROP TABLE Rounds", "DROP TABLE Teams"});
         for (const qint32 command : {1, 2, 4, 5, 6, 7, 8}) {
-            console.Expect("", [&] { console.screen.RunCommand(command); });
+            console.Expect("", [&] { console.Run(command); });
             QVERIFY(!console.TakeReports().isEmpty());
         }
-        console.rounds.clear();
-        for (const qint32 command : {4, 5, 7}) {
-            const ModalAnswers answers({MessageBox("Rankelo Invalid Entry",
-                                                   "You need to select a round", Qt::Key_Return)});
-            console.screen.RunCommand(command);
-            QVERIFY(answers.AllGiven());
-        }
+        static_cast<frmMain&>(*console.screen).ListRounds(-1);
+        for (const qint32 command : {4, 5, 7, 12, 13})
+            console.Expect(command < 12 ? "dialog Rankelo Invalid Entry round " : "round ",
+                           [&] { console.Run(command); });
     }
 };
 

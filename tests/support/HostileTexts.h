@@ -5,24 +5,27 @@
 
 /// A text that somebody may type, paste or store as the name of a team or a round.
 struct HostileText {
+    /// `stored` is empty for the text itself.
+    HostileText(const char* what, const QString& text, const QString& stored = {})
+        : What(what)
+        , Text(text)
+        , Stored(stored.isEmpty() ? text : stored)
+        , IsRefused(text.contains(QChar(0))) {}
+
     const char* What;
     QString Text;
-    /// What a save through the data classes makes of it, empty for the text itself; the entry
-    /// screens take the apostrophes away before.
-    QString Stored = {};
-    /// A text with a zero character is refused.
-    bool IsRefused = false;
+    QString Stored; ///< what a save through the data classes makes of it
+    bool IsRefused;
 };
 
 inline QList<HostileText> HostileTexts() {
     const QString half(QChar(0xD83D));
     const QString otherHalf(QChar(0xDE00));
-    QList<HostileText> texts{
+    return {
         {"nothing but apostrophes", "''''"},
         {"quotes of every kind", "O'Brien \"a\" `b` 'c' „d“ «e» ‘f’"},
-        {"a statement", "'); DROP TABLE Teams;--/* c */"},
-        {"placeholders, patterns and formats", "? :name $1 %_[a-z]* %1 %s %n %99 {0} \\'\\"},
-        {"markup", "<b>x</b><img src=\"file:///etc/passwd\">&amp;<br>"},
+        {"a statement", "'); DROP TABLE Teams;--/* c */ ? :name $1 %_[a-z]*"},
+        {"markup and formats", "<b>x</b><img src=\"/etc/passwd\">&amp;<br> %1 %s %n %99 {0} \\"},
         {"a menu key", "Tom & Jerry && Co"},
         {"line ends and a tab", "a\nb\r\nc\td"},
         {"surrounding blanks", "  a  "},
@@ -34,10 +37,5 @@ inline QList<HostileText> HostileTexts() {
         {"a code that is no character", u'a' + QString(QChar(0xFFFE)), "a\uFFFD"},
         {"half a character before an apostrophe", half + u'\'', "?'"},
         {"halves the wrong way round", otherHalf + half, "??"},
-        {"a zero character", QStringLiteral("a\0'; DELETE FROM Teams"), {}, true},
-    };
-    for (HostileText& text : texts)
-        if (!text.IsRefused && text.Stored.isEmpty())
-            text.Stored = text.Text;
-    return texts;
+        {"a zero character", QStringLiteral("a\0'; DELETE FROM Teams")}};
 }

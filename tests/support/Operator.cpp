@@ -7,30 +7,22 @@
 #include <QClipboard>
 #include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QWindow>
 
 namespace {
 
-// A dialog is visible before the platform gives it the keyboard.
-bool keyboardIsThere() {
-    const QWindow* window = QGuiApplication::focusWindow();
-    const QWidget* modal = QApplication::activeModalWidget();
-    return window &&
-           (!modal || QApplication::activePopupWidget() || window == modal->windowHandle());
-}
-
 QWindow& keyboardWindow() {
+    const QWidgetList first{QApplication::activeModalWidget(), QApplication::activeWindow()};
     // Where there is no window manager, a closed window leaves the keyboard to nobody.
-    QWidget* next = QApplication::activeModalWidget();
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (!next && window->isVisible())
-            next = window;
-    if (next && !QApplication::activePopupWidget() && !QGuiApplication::focusWindow())
-        next->activateWindow();
-    if (!QTest::qWaitFor(keyboardIsThere))
-        qFatal("no window has the keyboard");
-    return *QGuiApplication::focusWindow();
+    for (QWidget* window : first + QApplication::topLevelWidgets())
+        if (window && window->isVisible()) {
+            if (!QApplication::activePopupWidget())
+                ShowScreen(*window);
+            return *window->windowHandle();
+        }
+    qFatal("no window has the keyboard");
 }
 
 } // namespace
@@ -60,6 +52,12 @@ void Hold(int key) {
     QApplication::sendEvent(&keyboardWindow(), &repeated);
 }
 
+bool ReleaseArrives() {
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_F12, Qt::NoModifier);
+    QApplication::sendEvent(QApplication::focusWidget(), &release);
+    return !release.isAccepted();
+}
+
 void Type(const QString& text) {
     for (const char32_t character : text.toUcs4())
         QTest::sendKeyEvent(QTest::Click, &keyboardWindow(), static_cast<Qt::Key>(0),
@@ -68,7 +66,7 @@ void Type(const QString& text) {
 
 void Paste(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
-    Press(Qt::Key_V, Qt::ControlModifier);
+    QTest::keySequence(&keyboardWindow(), QKeySequence::Paste);
 }
 
 void Click(QWidget& control) {
@@ -77,9 +75,11 @@ void Click(QWidget& control) {
     QCoreApplication::processEvents();
 }
 
-void ClickRow(QTreeWidget& list, int row) {
-    const QRect box = list.visualItemRect(list.topLevelItem(row));
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, box.center());
+void ClickRow(QTreeWidget& list, int row, bool twice) {
+    const QPoint middle = list.visualItemRect(list.topLevelItem(row)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+    if (twice)
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
 }
 
 QString Rows(const QTreeWidget& list) {
@@ -93,15 +93,37 @@ QString Rows(const QTreeWidget& list) {
     return rows.join(u'|');
 }
 
-ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key,
-                                Qt::KeyboardModifiers modifiers) {
+ModalAnswers::ModalAnswers(std::list<Answer> answers)
+    : m_answers(std::move(answers)) {
+    lookSoon();
+}
+
+void ModalAnswers::lookSoon() {
+    // A new timer each time: one does not run again while its dialog is open.
+    QTimer::singleShot(5, this, [this] {
+        lookSoon();
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible() || m_answered.contains(dialog))
+            return;
+        m_answered.append(dialog);
+        if (m_answers.empty()) {
+            qWarning("nobody expected the dialog \"%s\"", qPrintable(dialog->windowTitle()));
+            m_failed = true;
+            return dialog->reject();
+        }
+        const Answer answer = std::move(m_answers.front());
+        m_answers.pop_front();
+        answer(*dialog);
+    });
+}
+
+ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key) {
     return [=](QDialog& dialog) {
         const auto* box = qobject_cast<QMessageBox*>(&dialog);
-        QVERIFY2(box, qPrintable(dialog.objectName()));
-        QCOMPARE(box->windowTitle(), title);
+        QCOMPARE(dialog.windowTitle(), title);
         QCOMPARE(box->text(), text);
         QCOMPARE(box->textFormat(), Qt::PlainText); // a team may be called "<b>Bold</b>"
-        Press(key, modifiers);
+        Press(key);
         QVERIFY2(!box->isVisible(), "the key closes the box");
     };
 }

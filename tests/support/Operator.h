@@ -1,9 +1,11 @@
 #pragma once
 
-#include "support/ModalAnswers.h"
-
+#include <QDialog>
+#include <QPointer>
 #include <QString>
-#include <QWidget>
+
+#include <functional>
+#include <list>
 
 class QTreeWidget;
 
@@ -28,17 +30,37 @@ T& Control(const QWidget& screen, const QString& name) {
 void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// What a key that is held down sends again and again.
 void Hold(int key);
+/// True when the release of a key that nobody wants gets as far as the control in use.
+bool ReleaseArrives();
 /// Types a text, one press for each character.
 void Type(const QString& text);
 /// Pastes a text over what is selected.
 void Paste(const QString& text);
 void Click(QWidget& control);
 /// Clicks into the middle of a list's row.
-void ClickRow(QTreeWidget& list, int row);
+void ClickRow(QTreeWidget& list, int row, bool twice = false);
 
 /// What a list shows: the texts of a row are joined by blanks, the rows by "|".
 QString Rows(const QTreeWidget& list);
 
+/// Answers modal dialogs in the order in which they open, each one once, as an operator would.
+/// A dialog that nobody expected is closed and fails the test.
+class ModalAnswers : public QObject {
+public:
+    using Answer = std::function<void(QDialog& dialog)>;
+
+    explicit ModalAnswers(std::list<Answer> answers);
+
+    /// True when every dialog came and was answered, and no other one came.
+    bool AllGiven() const { return m_answers.empty() && !m_failed; }
+
+private:
+    void lookSoon();
+
+    std::list<Answer> m_answers;
+    QList<QPointer<QDialog>> m_answered;
+    bool m_failed = false;
+};
+
 /// The answer to a message box that must have this title and text: a key pressed in it.
-ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key,
-                                Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int key);

@@ -1,15 +1,20 @@
 #pragma once
 
 #include "display/frmSummary.h"
+#include "forms/frmResultEntry.h"
+#include "forms/frmRoundEntry.h"
+#include "forms/frmTeamEntry.h"
+#include "forms/modForms.h"
 #include "support/AppFolder.h"
 #include "support/Operator.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QTreeWidget>
 
 /// A small quiz under way: three teams, three rounds, two scores in the first of them.
-struct Evening : AppFolder {
-    Evening() {
+struct Quiz : AppFolder {
+    Quiz() {
         RunForeign(DatabasePath(),
                    {"INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),('T3','Cats')",
                     "INSERT INTO Rounds VALUES "
@@ -17,7 +22,7 @@ struct Evening : AppFolder {
                     "INSERT INTO Results VALUES ('X1','R1','T1',8,0),('X2','R1','T2',7,1)"});
         Open();
     }
-    ~Evening() { qDeleteAll(Boards()); }
+    ~Quiz() { qDeleteAll(Boards()); }
 
     /// The first column of a query's rows, as another program sees them, joined by "|".
     QString Stored(const QString& query) const {
@@ -33,22 +38,28 @@ struct Evening : AppFolder {
     }
 };
 
-/// A screen, filled from the database as the program does it.
-template <typename Screen>
-std::unique_ptr<Screen> Filled() {
-    auto screen = std::make_unique<Screen>();
-    if constexpr (requires { screen->FillList(); })
-        screen->FillList();
-    if constexpr (requires { screen->Fill(QString()); })
-        screen->Fill("R1");
+// The entry screens as the program opens them.
+using Screen = std::unique_ptr<QWidget>;
+template <typename EntryScreen>
+Screen Listed() {
+    auto screen = std::make_unique<EntryScreen>();
+    screen->FillList();
     return screen;
 }
+inline Screen ResultScreen() {
+    auto screen = std::make_unique<frmResultEntry>(nullptr, modForms::GetEntry);
+    screen->Fill("no such round");
+    return screen;
+}
+inline const auto TeamScreen = Listed<frmTeamEntry>;
+inline const auto RoundScreen = Listed<frmRoundEntry>;
 
-/// A screen of the evening that an operator has opened, with its list.
-template <typename Screen>
-struct Opened : Evening {
-    Opened() { ShowScreen(*screen); }
-
+/// A screen of the quiz that an operator has opened, with its list and its first box.
+struct Opened : Quiz {
+    explicit Opened(Screen (*make)())
+        : screen(make()) {
+        ShowScreen(*screen);
+    }
     template <typename T = QWidget>
     T& Get(const char* name) const {
         return Control<T>(*screen, name);
@@ -56,10 +67,11 @@ struct Opened : Evening {
     /// Selects a row, unless it is -1, and clicks on a button.
     void PressFor(int row, const char* button) const {
         if (row >= 0)
-            ClickRow(list, row);
+            ClickRow(*list, row);
         Click(Get(button));
     }
 
-    std::unique_ptr<Screen> screen = Filled<Screen>();
-    QTreeWidget& list = *screen->template findChild<QTreeWidget*>();
+    Screen screen;
+    QTreeWidget* list = screen->findChild<QTreeWidget*>();
+    QLineEdit* box = screen->findChild<QLineEdit*>();
 };
