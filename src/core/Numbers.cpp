@@ -59,15 +59,7 @@ qint32 ToInt32(QStringView text) {
 qint32 ToInt32(const QVariant& value) {
     if (value.isNull())
         throw RuntimeError(ErrorNumber::InvalidUseOfNull, QStringLiteral("Invalid use of Null"));
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-        return narrow(value.toLongLong());
-    case QMetaType::Double:
-        return ToInt32(value.toDouble());
-    default:
-        return ToInt32(QStringView(value.toString()));
-    }
+    return ToInt32(QStringView(value.toString()));
 }
 
 qint32 CheckedAdd(qint32 a, qint32 b) {

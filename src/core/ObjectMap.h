@@ -18,10 +18,7 @@ public:
     std::size_t SlotCount() const { return m_objects.SlotCount(); }
     std::shared_ptr<T> Item(qint32 index) const { return m_objects.Item(index); }
 
-    void Clear() {
-        m_keys.clear();
-        m_objects.Clear();
-    }
+    void Clear() { *this = {}; }
 
     bool Add(const QString& key, std::shared_ptr<T> object) {
         return Guarded("Add", "ObjectMap", false, [&] {
@@ -33,10 +30,9 @@ public:
     /// The object that was added first under the key, in upper or lower case; none if there is
     /// none.
     std::shared_ptr<T> GetObject(const QString& key) const {
-        return Guarded("GetObject", "ObjectMap", std::shared_ptr<T>(), [&]() -> std::shared_ptr<T> {
+        return Guarded("GetObject", "ObjectMap", std::shared_ptr<T>(), [&] {
+            // Behind the last entry there is a slot without an object.
             const auto found = std::find(m_keys.begin(), m_keys.end(), key.toUpper());
-            if (found == m_keys.end())
-                return nullptr;
             return m_objects.Item(static_cast<qint32>(found - m_keys.begin()));
         });
     }

@@ -212,8 +212,7 @@ bool Utilities::FolderDelete(const QString& path) {
 }
 
 bool Utilities::DirectoryExists(const QString& path) {
-    return Guarded("DirectoryExists", Component, false,
-                   [&] { return !path.trimmed().isEmpty() && QFileInfo(path).isDir(); });
+    return Guarded("DirectoryExists", Component, false, [&] { return QFileInfo(path).isDir(); });
 }
 
 QString Utilities::SystemDirectory() {

@@ -21,27 +21,26 @@ private slots:
              "Object              Session                       Username       Machine Name   "
              "Description\r\n" +
                  QString(100, '-') + "\r\n",
-             "4    %1 +1\\.0\\.0   9700           SaveTheTeamOfTheBest TeamDAO             "
-             "%2 {19}%3 +\\[53\\] \"x\", not found\r\n"},
+             "4    %1 +1\\.0\\.0   9700           SaveTheTeamOfTheTabl TeamDAO             "
+             "%2 {19}%3 +\\[53\\] \"x\", no\r\n"},
             {"Type,Data/Time,Component,Version,Message Number,Function,Object,Session,Username,"
              "MachineName,Description\r\n",
-             "4,%1,v1\\.0\\.LoggingTest,1\\.0\\.0,9700,SaveTheTeamOfTheBestTable,TeamDAO,%2,,%3,"
-             "\"\\[53\\] \"x\", not found\"\r\n"},
+             "4,%1,v1\\.0\\.LoggingTest,1\\.0\\.0,9700,SaveTheTeamOfTheTable,TeamDAO,%2,,%3,"
+             "\"\\[53\\] \"x\", no\"\r\n"},
         };
         for (qint32 destination = 1; const auto& [header, record] : layouts) {
             const AppFolder folder;
             Logging log;
-            log.SetLogPath(' ' + Paths().TempPath.chopped(1) + ' ');
+            log.SetLogPath(' ' + Paths().TempPath.chopped(destination % 2) + ' ');
+            QCOMPARE(log.LogPath(), Paths().TempPath);
             log.LogDestination = destination++;
             QStringList shown; // whether it is written or not
             log.ShowError = [&](const QString& text) { shown.append(text); };
             for (log.DebugLevel = 3; log.DebugLevel <= 5; ++log.DebugLevel)
-                QCOMPARE(log.ProgramError(53, "\"x\", not found", "SaveTheTeamOfTheBestTable",
-                                          "TeamDAO"),
+                QCOMPARE(log.ProgramError(53, "\"x\", no", "SaveTheTeamOfTheTable", "TeamDAO"),
                          log.DebugLevel >= 4);
-            QCOMPARE(
-                shown,
-                QStringList(3, "9700 : [53] \"x\", not found [SaveTheTeamOfTheBestTable/TeamDAO]"));
+            QCOMPARE(shown,
+                     QStringList(3, "9700 : [53] \"x\", no [SaveTheTeamOfTheTable/TeamDAO]"));
             for (const qint32 quietType : {8, 16, 32}) // the last error stays the last message
                 QVERIFY(!log.Record(quietType, 1099, {}, {}, {}) && log.MessageNumber() == 9700);
             const QString text = ReadFile(folder.Path("ISApplication.Log"));
@@ -52,6 +51,13 @@ private slots:
             QVERIFY2(text.startsWith(header) && records.match(text.mid(header.size())).hasMatch(),
                      qPrintable(text));
         }
+    }
+
+    void aSessionEndsWithANotice() {
+        const AppFolder folder;
+        AppLog().DebugLevel = 32;
+        QVERIFY(!Session().PCUsername.isEmpty() && Session().CreatedDate.contains(':'));
+        QVERIFY(ReadFile(folder.Path("ISApplication.Log")).endsWith("Class Terminate\r\n"));
     }
 
     void developersSeeWhatIsSwallowed() {

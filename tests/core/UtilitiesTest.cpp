@@ -72,67 +72,55 @@ private slots:
         AppFolder folder;
         Utilities& u = AppUtilities();
         const QString a = folder.Path("a"), sub = folder.Path("sub %1/"), b = sub + "b",
-                      c = sub + "c", none = sub + "none/a", path = "C:\\x/y\\a.b.txt",
+                      c = sub + "c", d = sub + "d", path = "C:\\x/y\\a.b.txt",
                       unsized = QFile::exists("/proc/version") ? "/proc/version" : a;
         WriteFile(a, "new");
-        // What a call returns, or the number and the procedure of the error that it reports.
-        const auto got = [&](bool result) {
-            const QString report = folder.TakeReports().value(0);
-            return report.isEmpty() ? QString::number(result)
-                                    : report.mid(8, 2) + report.section('[', -1).section('/', 0, 0);
-        };
-        // One row an operation, in this order.
-        const std::pair<QString, QStringList> rows[] = {
-            {"a.b.txt,", {u.GetFileFromPath(path), u.GetFileFromPath("a.b")}},
-            {"C:\\x/y,", {u.GetPathFromFile(path), u.GetPathFromFile("a.b")}},
-            {"txt,", {u.GetFileExtension(path), u.GetFileExtension("txt")}},
-            {"", {u.GetFileVersion(a)}},
-            {"1,1,76CreatePath,58CreatePath",
-             {got(u.CreatePath(sub)), got(u.CreatePath(sub)), got(u.CreatePath(none)),
-              got(u.CreatePath(a))}},
-            {"1,1,new,53CopyFile,70CopyFile,76CopyFile",
-             {got(u.CopyFile(folder.DatabasePath(), b)), got(u.CopyFile(a, b)), ReadFile(b),
-              got(u.CopyFile(sub, a)), got(u.CopyFile(a, a)), got(u.CopyFile(a, sub))}},
-            {"1," + ReadFile(unsized), {got(u.CopyFile(unsized, c)), ReadFile(c)}},
-            {"1,53FileDelete,0",
-             {got(u.FileDelete(c)), got(u.FileDelete(c)), got(u.FileDelete(" "))}},
-            {"1,53CopyFile,58CopyFile,76CopyFile",
-             {got(u.MoveFile(b, c)), got(u.MoveFile(sub, folder.Path("d"))), got(u.MoveFile(c, a)),
-              got(u.MoveFile(c, none))}},
-            {"1,0,0", {got(u.FileExists(c)), got(u.FileExists(b)), got(u.FileExists(sub))}},
-            {"1,1,0",
-             {got(u.DirectoryExists(u.SystemDirectory())),
-              got(u.DirectoryExists(u.ReturnTempPath())), got(u.DirectoryExists(c))}},
-            {"1,76FolderDelete,0",
-             {got(u.FolderDelete(sub)), got(u.FolderDelete(sub)), got(u.FolderDelete(" "))}},
-        };
-        for (const auto& [expected, results] : rows)
-            QCOMPARE(results.join(','), expected);
-        QVERIFY(!u.CopyFile("x", "y") && folder.Files() == (QStringList{"Rankelo.MDB", "a"}));
+        QCOMPARE(u.GetFileFromPath(path) + u.GetFileFromPath("a.b"), "a.b.txt");
+        QCOMPARE(u.GetPathFromFile(path) + u.GetPathFromFile("a.b"), "C:\\x/y");
+        QCOMPARE(u.GetFileExtension(path) + u.GetFileExtension("txt") + u.GetFileVersion(a), "txt");
+        QFile::setPermissions(a, QFile::permissions(a) | QFile::ExeOwner);
+        QVERIFY(u.CreatePath(sub) && u.CreatePath("/") && u.CopyFile(folder.DatabasePath(), b));
+        QVERIFY(u.CopyFile(a, b) && QFile::permissions(b) == QFile::permissions(a));
+        QVERIFY(u.CopyFile(unsized, c) && u.MoveFile(c, d) && u.FileExists(b));
+        QVERIFY(u.DirectoryExists(u.SystemDirectory()) && u.DirectoryExists(u.ReturnTempPath()));
+        QVERIFY(ReadFile(b) == "new" && ReadFile(d) == ReadFile(unsized));
+        const QList<bool> refused = {
+            u.FileExists(c),        u.FileExists(sub),       u.OpenFile(a),
+            u.DirectoryExists(a),   u.FileDelete(" "),       u.FolderDelete(" "),
+            u.CreatePath(c + "/c"), u.CreatePath(a),         u.CopyFile(sub, c),
+            u.CopyFile(a, a),       u.CopyFile(a, sub),      u.MoveFile(sub, c),
+            u.MoveFile(b, a),       u.MoveFile(b, c + "/c"), u.FileDelete(c),
+            u.FolderDelete(c)};
+        QCOMPARE(refused.indexOf(true), -1);
+        QString reports;
+        for (const QString& report : folder.TakeReports())
+            reports += report.mid(8, 2) + report.section('[', -1).section('/', 0, 0) + ' ';
+        QCOMPARE(reports, "76CreatePath 58CreatePath 53CopyFile 70CopyFile 76CopyFile 53CopyFile "
+                          "58CopyFile 76CopyFile 53FileDelete 76FolderDelete ");
+        QVERIFY(u.FileDelete(b) && u.FolderDelete(sub) && !u.CopyFile("x", "y"));
+        QCOMPARE(folder.Files(), QStringList({"Rankelo.MDB", "a"}));
         QVERIFY(folder.TakeReports().value(0).contains("foundFailed copying [x] to [y] ["));
     }
 
     void readsIniValues() {
         const AppFolder folder;
-        const QByteArray head = "[Application]\nFontName=";
-        const QString wide = QString(253, 'x') + "\U0001F600";
+        const QByteArray head = "[Application]\nFontName=", wide = QByteArray(253, 'x');
         const std::pair<QByteArray, QString> cases[] = {
             {HandEdited, "Liberation Sans"},
-            {"FontName=a", "default"},
+            {"FontName=a\n[Other]\nFontName=b", "default"},
             {"[Application]\na=1\n[Application]\nFontName=b", "default"}, // the first one counts
             {head + "Ren\xE9", "Ren\u00e9"},
             {head + "\"\"", "default"},
             {head + "\"  a  \"", "  a  "},
             {head + "\"a'", "\"a'"},
-            {head + "a ; b=c", "a ; b=c"},
-            {"\xEF\xBB\xBF" + head + "\xC3\xA9", "\u00e9"},
+            {"\xEF\xBB\xBF" + head + "\xC3\xA9 ; b=c", "\u00e9 ; b=c"},
             {head + QByteArray("a\0b", 3), "a"},
-            {head + wide.toUtf8(), wide.left(253)},
+            {head + wide + "\xF0\x9F\x98\x80", wide},
         };
         for (const auto& [file, value] : cases) {
             WriteFile(folder.IniPath(), file);
             QCOMPARE(
-                AppUtilities().ReadINIValue(folder.IniPath(), "Application", "FontName", "default"),
+                AppUtilities().ReadINIValue(folder.IniPath(), "application", "FontName", "default"),
                 value);
         }
     }
@@ -141,36 +129,34 @@ private slots:
         AppFolder folder;
         Utilities& u = AppUtilities();
         const QString ini = folder.IniPath();
-        // The part of the file that changes, and to what; none when the text could not be read
-        // back.
         const struct {
-            QString section, key, value;
-            QByteArray before, after = {};
+            const char *section, *key, *value;
+            QByteArray before, after; // the part that changes; none for what could not be read back
         } cases[] = {
-            {"Application", "FontName", "new", "FONTNAME =  Liberation Sans  \r\n",
-             "FontName=new\r\n"},
-            {"Application", "Fresh", "new", "Footer=\r\n", "Footer=\r\nFresh=new\r\n"},
-            {"New", "k", "new", "; the end", "; the end\r\n[New]\r\nk=new\r\n"},
+            {"Application", "FontName", "a", "FONTNAME =  Liberation Sans  \r\n", "FontName=a\r\n"},
+            {"Application", "Fresh", "a", "Footer=\r\n", "Footer=\r\nFresh=a\r\n"},
+            {"New", "k", "a", "; the end", "; the end\r\n[New]\r\nk=a\r\n"},
             // Letters of an older editor stay while nobody edits them.
             {"Application", "Boss", "Ren\u00e9", "Boss", "Boss"},
-            {"Application", "Boss", "new", "Boss=Ren\xE9\r\n", "Boss=new\r\n"},
-            {"Application", "k", "a\nFooter=1", {}},
-            {"Application", "k", QString(1, QChar()), {}},
-            {"Application", "a=b", "new", {}},
-            {"Application", ";a", "new", {}},
-            {"Application", "", "new", {}},
-            {"a]", "k", "new", {}},
+            {"Application", "Boss", "a", "Boss=Ren\xE9\r\n", "Boss=a\r\n"},
+            {"Application", "k", "a\nFooter=1", {}, {}},
+            {"Application", "a=b", "a", {}, {}},
+            {"Application", ";a", "a", {}, {}},
+            {"Application", "", "a", {}, {}},
+            {"a]", "k", "a", {}, {}},
         };
         for (const auto& c : cases) {
             WriteFile(ini, HandEdited);
-            QCOMPARE(u.WriteINIValue(ini, c.section, c.key, c.value), !c.before.isEmpty());
-            QCOMPARE(folder.TakeReports().size(), c.before.isEmpty() ? 1 : 0);
+            const bool isWritten = u.WriteINIValue(ini, c.section, c.key, c.value);
+            QVERIFY(isWritten != c.before.isEmpty() && isWritten == folder.TakeReports().isEmpty());
             QByteArray expected = HandEdited;
-            if (!c.before.isEmpty())
+            if (isWritten)
                 expected.replace(expected.indexOf(c.before), c.before.size(), c.after);
             QCOMPARE(ReadFile(ini), expected);
         }
-        QVERIFY(u.WriteSection(ini, "application", QString("a=1,b=c=d,").replace(',', QChar())));
+        const QString zero(1, QChar());
+        QVERIFY(!u.WriteINIValue(ini, "a", "b", zero) &&
+                u.WriteSection(ini, "application", "a=1" + zero + "b=c=d" + zero));
         const qsizetype head = HandEdited.indexOf("# the"), end = HandEdited.indexOf("[Last]");
         QCOMPARE(ReadFile(ini), HandEdited.left(head) + "a=1\r\nb=c=d\r\n" + HandEdited.mid(end));
         const auto section = u.ReadINISection(ini, "APPLICATION");

@@ -4,11 +4,7 @@
 
 #include <QTest>
 
-#include <limits>
-
 namespace {
-
-constexpr qint32 Most = std::numeric_limits<qint32>::max();
 
 // A number as text, or the number of the error that ends the action as "error 6".
 QString outcome(const auto& action) {
@@ -30,7 +26,7 @@ private slots:
         const QString cases =
             "8454143|8454143; \t12 |12;+7|7;007|7;1e3|1000;0.5|0;7.5|8;8%15|8;-2.5|-2;.51|1;"
             "2147483647.4|2147483647;2147483647.5|error 6;-2147483648.5|-2147483648;1e999|error 6;"
-            "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,0,0|error 13;"
+            "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,000|error 13;"
             "0x10|error 13;inf|error 13;nan(1)|error 13;e5|error 13";
         for (const QString& c : cases.arg(QLocale::system().decimalPoint()).split(';')) {
             const QString text = c.section('|', 0, 0);
@@ -38,18 +34,14 @@ private slots:
             for (const QVariant& field : {QVariant(text), QVariant(text.toUtf8())})
                 QCOMPARE(outcome([&] { return ToInt32(field); }), c.section('|', 1));
         }
-        const double notANumber = std::numeric_limits<double>::quiet_NaN();
         QCOMPARE(outcome([] { return ToInt32(QVariant()); }), "error 94");
-        QCOMPARE(outcome([] { return ToInt32(QVariant(8.5)); }), "8");
-        for (const QVariant& field : {QVariant(qlonglong(Most) + 1), QVariant(notANumber)})
-            QCOMPARE(outcome([&] { return ToInt32(field); }), "error 6");
     }
 
-    void sumsAndProductsNeverWrap() {
-        QCOMPARE(outcome([] { return CheckedAdd(Most, -1); }), "2147483646");
-        QCOMPARE(outcome([] { return CheckedAdd(Most, 1); }), "error 6");
-        QCOMPARE(outcome([] { return CheckedSubtract(-Most, 1); }), "-2147483648");
-        QCOMPARE(outcome([] { return CheckedSubtract(-Most, 2); }), "error 6");
+    void arithmeticNeverWraps() {
+        QCOMPARE(outcome([] { return CheckedAdd(2147483647, -1); }), "2147483646");
+        QCOMPARE(outcome([] { return CheckedAdd(2147483647, 1); }), "error 6");
+        QCOMPARE(outcome([] { return CheckedSubtract(-2147483647, 1); }), "-2147483648");
+        QCOMPARE(outcome([] { return CheckedSubtract(-2147483647, 2); }), "error 6");
         QCOMPARE(outcome([] { return CheckedMultiply(-1073741824, 2); }), "-2147483648");
         QCOMPARE(outcome([] { return CheckedMultiply(1073741824, 2); }), "error 6");
     }
