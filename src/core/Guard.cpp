@@ -1,5 +1,6 @@
 #include "core/Guard.h"
 
+#include "core/HeldReports.h"
 #include "core/Reporting.h"
 #include "core/RuntimeError.h"
 
@@ -26,6 +27,8 @@ RuntimeError currentError() {
 void ReportCurrentException(const char* functionName, const char* objectName) noexcept {
     try {
         const RuntimeError error = currentError();
+        if (HeldReports::Keep(error, functionName, objectName))
+            return;
         ReportProgramError(error.Number(), error.Description(), QString::fromLatin1(functionName),
                            QString::fromLatin1(objectName));
     } catch (...) {

@@ -1,30 +1,34 @@
 #pragma once
 
+#include "core/HeldReports.h"
 #include "data/RecordSet.h"
 
-#include <QElapsedTimer>
-#include <QSqlDatabase>
 #include <QString>
 #include <QVariant>
 
 #include <memory>
 
+class DatabaseFile;
+
 /// The single gateway to the competition database, the file "Rankelo.MDB" in the application
 /// folder. A statement that it reported as done is on the disk. Every operation reports its own
-/// errors and answers with false or nothing. A file that another program holds is waited for, but
-/// never for more than two seconds in a row; a file that was moved away or whose disk failed is
-/// opened anew by the next statement, so that saving works again as soon as a good one is there.
+/// errors and answers with false or nothing. When the file was moved away or its disk failed, the
+/// next statement opens it anew, so that everything works again as soon as a good one is there.
 class DBObject {
 public:
-    /// Opens the file read-write; it must exist, be whole and hold the three tables. Nothing is
-    /// ever created, and a file that is refused is left as it was. A file of Microsoft Access opens
-    /// through that program's driver where there is one; that road is untested.
+    DBObject();
+    ~DBObject();
+    DBObject(const DBObject&) = delete;
+    DBObject& operator=(const DBObject&) = delete;
+
+    /// Opens the file, which must exist and hold a quiz; nothing is ever created. A file that is
+    /// refused leaves the database closed.
     bool OpenDatabase();
     /// Always true.
     bool CloseDatabase();
 
     bool ExecuteSQL(const QString& statement);
-    /// The rows of a query, or nothing.
+    /// The rows of a query, or nothing: a list is read whole or not at all.
     std::unique_ptr<RecordSet> GetRecordSet(const QString& query);
     /// Empties results, rounds and teams, in that order; stops at the first failure.
     bool ResetDatabase();
@@ -36,7 +40,8 @@ public:
     QString SQLTextField(const QVariant& value);
 
     /// While one lives, all queries see the file as it was at the first of them, and no other
-    /// program can change it in between.
+    /// program can change it in between. Reports wait for its end: one that is shown in a box would
+    /// keep the file locked until somebody closes the box.
     class Snapshot {
     public:
         explicit Snapshot(DBObject& database);
@@ -44,24 +49,22 @@ public:
         Snapshot(const Snapshot&) = delete;
         Snapshot& operator=(const Snapshot&) = delete;
 
+        /// False once a statement has failed.
+        bool IsWhole() const { return m_owner.m_failures == m_failuresBefore; }
+
     private:
+        const HeldReports m_reports; // first: it goes last
         DBObject& m_owner;
-        bool m_begun;
+        const int m_failuresBefore;
     };
 
 private:
-    void open();
-    void openAccessFile(const QString& path);
-    void reopen();
-    QSqlQuery run(const QString& statement);
-    void useWait(int milliseconds);
-    int rightWait() const;
-    void noteFailure(qint32 code);
+    DatabaseFile& file();
+    RecordSet run(const QString& statement);
 
-    QSqlDatabase m_database;
-    int m_wait = 0;           ///< how long a statement waits for a lock, in milliseconds
-    QElapsedTimer m_lastLock; ///< since a statement last waited in vain
-    bool m_fileIsLost = false;
+    bool m_isOpen = false;                ///< from OpenDatabase to CloseDatabase
+    std::unique_ptr<DatabaseFile> m_file; ///< none after one that failed, too
+    int m_failures = 0;                   ///< statements that failed so far
 };
 
 /// The one instance, made on first use and alive until the process ends.

@@ -1,26 +1,16 @@
 #include "data/RecordSet.h"
 
 #include "core/RuntimeError.h"
-#include "data/DatabaseError.h"
 
-RecordSet::RecordSet(QSqlQuery query)
-    : m_query(std::move(query)) {
-    MoveNext();
-}
+RecordSet::RecordSet(QStringList names, std::vector<QVariant> values)
+    : m_names(std::move(names))
+    , m_values(std::move(values)) {}
 
-void RecordSet::MoveNext() {
-    m_endOfFile = !m_query.next();
-    if (m_endOfFile && m_query.lastError().isValid())
-        throw DatabaseError(m_query.lastError());
-}
-
-int RecordSet::Position(const char* name) const {
-    if (m_fields.isEmpty())
-        m_fields = m_query.record();
-    const int position = m_fields.indexOf(QString::fromLatin1(name));
-    if (position >= 0)
-        return position;
+const QVariant& RecordSet::Field(const char* name) const {
+    const QLatin1StringView wanted(name);
+    for (int i = 0; i < m_names.size(); ++i)
+        if (m_names[i].compare(wanted, Qt::CaseInsensitive) == 0)
+            return Field(i);
     constexpr qint32 noSuchItem = 3265;
-    throw RuntimeError(noSuchItem,
-                       QStringLiteral("The query gives no field %1").arg(QLatin1StringView(name)));
+    throw RuntimeError(noSuchItem, QStringLiteral("The query gives no field %1").arg(wanted));
 }

@@ -1,30 +1,28 @@
 #pragma once
 
-#include <QSqlQuery>
-#include <QSqlRecord>
-#include <QString>
+#include <QStringList>
 #include <QVariant>
 
-/// The rows of one query, read forwards only. It stands on the first row when it is opened. An
-/// error of the engine while moving on is thrown: a list is read whole or not at all.
+#include <vector>
+
+/// The rows of one query, all in memory, read forwards only. It stands on the first row when it is
+/// made.
 class RecordSet {
 public:
-    /// Takes a query that has been executed, before its first row.
-    explicit RecordSet(QSqlQuery query);
+    /// The names of the fields, and the values of all rows one after the other.
+    RecordSet(QStringList names, std::vector<QVariant> values);
 
-    bool EndOfFile() const { return m_endOfFile; }
-    void MoveNext();
+    bool EndOfFile() const { return m_row >= m_values.size(); }
+    void MoveNext() { m_row += static_cast<std::size_t>(m_names.size()); }
 
-    /// Where a field stands in every row. Throws error 3265 for a name that the query does not
-    /// give.
-    int Position(const char* name) const;
-
-    /// A field of the current row. A list of many rows asks for the positions once.
-    QVariant Field(const char* name) const { return Field(Position(name)); }
-    QVariant Field(int position) const { return m_query.value(position); }
+    /// A field of the current row. Throws error 3265 for a name that the query does not give.
+    const QVariant& Field(const char* name) const;
+    const QVariant& Field(int position) const {
+        return m_values.at(m_row + static_cast<std::size_t>(position));
+    }
 
 private:
-    QSqlQuery m_query;
-    mutable QSqlRecord m_fields; ///< filled when one is first asked for by name
-    bool m_endOfFile = false;
+    QStringList m_names;
+    std::vector<QVariant> m_values;
+    std::size_t m_row = 0; ///< where the current row begins
 };

@@ -2,12 +2,19 @@
 
 #include "core/Guard.h"
 #include "core/Numbers.h"
-#include "data/DBObject.h"
-#include "data/Require.h"
+#include "data/Table.h"
 
 namespace {
 
 constexpr const char* Component = "ResultDAO";
+
+Result resultFrom(const RecordSet& row) {
+    return {FieldText(row, "ResultID"), FieldText(row, "RoundID"), FieldText(row, "TeamID"),
+            ToInt32(row.Field("Score")), ToInt32(row.Field("Joker"))};
+}
+
+constexpr Table<Result> Results{Component, "GetResultList", "GetResult",
+                                "Results", "ResultID",      resultFrom};
 
 QString filterFor(const QString& roundKey, const QString& teamKey) {
     QString filter;
@@ -24,50 +31,15 @@ QString filterFor(const QString& roundKey, const QString& teamKey) {
 
 std::unique_ptr<ObjectList<Result>> ResultDAO::GetResultList(const QString& roundKey,
                                                              const QString& teamKey) {
-    return Guarded("GetResultList", Component, std::unique_ptr<ObjectList<Result>>(), [&] {
-        DBObject& database = AppDatabase();
-        const auto rows = database.GetRecordSet(QStringLiteral("SELECT * FROM Results") +
-                                                filterFor(roundKey, teamKey));
-        RecordSet& row = Require(rows);
-        const int key = row.Position("ResultID");
-        const int round = row.Position("RoundID");
-        const int team = row.Position("TeamID");
-        const int score = row.Position("Score");
-        const int joker = row.Position("Joker");
-        auto list = std::make_unique<ObjectList<Result>>();
-        for (; !row.EndOfFile(); row.MoveNext())
-            list->Add(std::make_shared<Result>(
-                database.SetField(row.Field(key)), database.SetField(row.Field(round)),
-                database.SetField(row.Field(team)), ToInt32(row.Field(score)),
-                ToInt32(row.Field(joker))));
-        return list;
-    });
+    return Results.List(filterFor(roundKey, teamKey));
 }
 
 std::unique_ptr<Result> ResultDAO::GetResult(const QString& key) {
-    return Guarded(
-        "GetResult", Component, std::unique_ptr<Result>(), [&]() -> std::unique_ptr<Result> {
-            DBObject& database = AppDatabase();
-            const auto rows = database.GetRecordSet(
-                QStringLiteral("SELECT * FROM Results WHERE ResultID='") + key + u'\'');
-            const RecordSet& row = Require(rows);
-            if (row.EndOfFile())
-                return nullptr;
-            return std::make_unique<Result>(
-                database.SetField(row.Field("ResultID")), database.SetField(row.Field("RoundID")),
-                database.SetField(row.Field("TeamID")),
-                ToInt32(QStringView(database.SetField(row.Field("Score")))),
-                ToInt32(QStringView(database.SetField(row.Field("Joker")))));
-        });
+    return Results.One(key);
 }
 
 bool ResultDAO::Delete(const QString& key) {
-    return Guarded("Delete", Component, false, [&] {
-        if (!GetResult(key))
-            return false;
-        return AppDatabase().ExecuteSQL(QStringLiteral("DELETE FROM Results WHERE ResultID='") +
-                                        key + u'\'');
-    });
+    return Results.Delete(key);
 }
 
 bool ResultDAO::Save(const Result& result) {

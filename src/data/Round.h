@@ -12,7 +12,7 @@ struct Round {
 
     QString RoundID;
     QString RoundName;
-    qint32 RoundNumber = 1; ///< its place in the evening
+    qint32 RoundNumber = 1; ///< its place in the quiz
     qint32 MaxScore = 0;
     bool IsStored = false; ///< read from the database: Save updates instead of inserting
 };

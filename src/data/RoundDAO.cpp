@@ -2,50 +2,68 @@
 
 #include "core/Guard.h"
 #include "core/Numbers.h"
-#include "data/DBObject.h"
-#include "data/Require.h"
+#include "data/Table.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace {
 
 constexpr const char* Component = "RoundDAO";
 
 Round roundFrom(const RecordSet& row) {
-    return {AppDatabase().SetField(row.Field("RoundID")),
-            AppDatabase().SetField(row.Field("RoundName")), ToInt32(row.Field("RoundNumber")),
-            ToInt32(row.Field("MaxScore"))};
+    return {FieldText(row, "RoundID"), FieldText(row, "RoundName"),
+            ToInt32(row.Field("RoundNumber")), ToInt32(row.Field("MaxScore"))};
+}
+
+constexpr Table<Round> Rounds{Component, "GetRoundList", "GetRound",
+                              "Rounds",  "RoundID",      roundFrom};
+
+// One more than the highest number; 1 without rounds, or when there is no higher number. Nothing
+// when the file cannot be read.
+std::optional<qint32> nextRound() {
+    std::optional<qint32> next;
+    Guarded("GetNextRound", Component, [&] {
+        const auto rows =
+            AppDatabase().GetRecordSet(QStringLiteral("SELECT MAX(RoundNumber) FROM Rounds"));
+        const RecordSet& row = Require(rows);
+        next = 1;
+        // Without rounds the highest number is Null.
+        const auto highest = ParseNumber(AppDatabase().SetField(row.Field(0)));
+        if (highest)
+            next = ToInt32(*highest + 1);
+    });
+    return next;
+}
+
+// Gives the other rounds the numbers from 1 on, in their order, and leaves one number out.
+bool numberOthers(RoundDAO& dao, const ObjectList<Round>& list, const QString& key,
+                  qint32 leftOut) {
+    qint32 number = 1;
+    for (const auto& round : list) {
+        if (round->RoundID == key)
+            continue;
+        if (number == leftOut)
+            ++number;
+        round->RoundNumber = number++;
+        if (!dao.Save(*round))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
 
 std::unique_ptr<ObjectList<Round>> RoundDAO::GetRoundList() {
-    return Guarded("GetRoundList", Component, std::unique_ptr<ObjectList<Round>>(), [] {
-        const auto rows = AppDatabase().GetRecordSet(
-            QStringLiteral("SELECT * FROM Rounds ORDER BY RoundNumber, RoundName "));
-        auto list = std::make_unique<ObjectList<Round>>();
-        for (RecordSet& row = Require(rows); !row.EndOfFile(); row.MoveNext())
-            list->Add(std::make_shared<Round>(roundFrom(row)));
-        return list;
-    });
+    return Rounds.List(QStringLiteral(" ORDER BY RoundNumber, RoundName "));
 }
 
 std::unique_ptr<Round> RoundDAO::GetRound(const QString& key) {
-    return Guarded("GetRound", Component, std::unique_ptr<Round>(),
-                   [&]() -> std::unique_ptr<Round> {
-                       const auto rows = AppDatabase().GetRecordSet(
-                           QStringLiteral("SELECT * FROM Rounds WHERE RoundID='") + key + u'\'');
-                       if (Require(rows).EndOfFile())
-                           return nullptr;
-                       return std::make_unique<Round>(roundFrom(*rows));
-                   });
+    return Rounds.One(key);
 }
 
 bool RoundDAO::Delete(const QString& key) {
-    return Guarded("Delete", Component, false, [&] {
-        if (!GetRound(key))
-            return false;
-        return AppDatabase().ExecuteSQL(QStringLiteral("DELETE FROM Rounds WHERE RoundID='") + key +
-                                        u'\'');
-    });
+    return Rounds.Delete(key);
 }
 
 bool RoundDAO::Save(Round& round) {
@@ -58,7 +76,10 @@ bool RoundDAO::Save(Round& round) {
                 QStringLiteral("',RoundNumber=") + QString::number(round.RoundNumber) +
                 QStringLiteral(",MaxScore=") + maxScore + QStringLiteral(" WHERE RoundID='") +
                 round.RoundID + u'\'');
-        round.RoundNumber = GetNextRound();
+        const std::optional<qint32> next = nextRound();
+        if (!next)
+            return false;
+        round.RoundNumber = *next;
         return AppDatabase().ExecuteSQL(
             QStringLiteral(
                 "INSERT INTO Rounds (RoundID,RoundName,RoundNumber,MaxScore) VALUES ('") +
@@ -68,15 +89,7 @@ bool RoundDAO::Save(Round& round) {
 }
 
 qint32 RoundDAO::GetNextRound() {
-    return Guarded("GetNextRound", Component, qint32(1), []() -> qint32 {
-        const auto rows =
-            AppDatabase().GetRecordSet(QStringLiteral("SELECT MAX(RoundNumber) FROM Rounds"));
-        if (Require(rows).EndOfFile())
-            return 1;
-        // Without rounds the highest number is Null.
-        const auto highest = ParseNumber(AppDatabase().SetField(rows->Field(0)));
-        return highest ? ToInt32(*highest + 1) : 1;
-    });
+    return nextRound().value_or(1);
 }
 
 bool RoundDAO::Reorder(const QString& key, qint32 direction) {
@@ -85,29 +98,15 @@ bool RoundDAO::Reorder(const QString& key, qint32 direction) {
         if (!list)
             return true;
         qint32 target = -1;
-        for (qint32 i = 0; i <= list->LastIndex(); ++i) {
-            Round& round = *list->Item(i);
-            if (round.RoundID != key)
-                continue;
+        const auto moved = std::find_if(list->begin(), list->end(),
+                                        [&](const auto& round) { return round->RoundID == key; });
+        if (moved != list->end()) {
             const qint32 step = direction == Down ? 1 : direction == Up ? -1 : 0;
-            target = CheckedAdd(round.RoundNumber, step);
-            round.RoundNumber = target;
-            if (!Save(round))
+            target = CheckedAdd((*moved)->RoundNumber, step);
+            (*moved)->RoundNumber = target;
+            if (!Save(**moved))
                 return false;
-            break;
         }
-        qint32 number = 1;
-        for (qint32 i = 0; i <= list->LastIndex(); ++i) {
-            Round& round = *list->Item(i);
-            if (round.RoundID == key)
-                continue;
-            if (number == target)
-                ++number;
-            round.RoundNumber = number;
-            if (!Save(round))
-                return false;
-            ++number;
-        }
-        return true;
+        return numberOthers(*this, *list, key, target);
     });
 }

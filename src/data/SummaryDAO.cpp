@@ -31,80 +31,91 @@ QString roundQuery(const QString& roundKey, qint32 mode) {
     return query;
 }
 
-void setPositions(SummaryList& list) {
+// The points of one team in all its rounds. A team whose results cannot be had counts nothing.
+Summary sumOf(const Team& team, const ObjectList<Result>* results) {
+    Summary sum;
+    sum.TeamName = team.TeamName;
+    if (!results)
+        return sum;
+    for (const auto& result : *results) {
+        const bool joker = result->Joker == JokerPlayed;
+        sum.Score = CheckedAdd(sum.Score, points(result->Score, joker));
+        sum.Joker = sum.Joker || joker;
+    }
+    return sum;
+}
+
+void setPositions(const SummaryList& list) {
     constexpr qint32 noPrevious = -1;
     qint32 position = 0;
     qint32 previous = noPrevious;
-    for (qint32 i = 0; i <= list.LastIndex(); ++i) {
-        Summary& row = *list.Item(i);
+    for (const auto& row : list) {
         // A row behind a score of -1 therefore starts a new place.
-        if (row.Score < previous || previous == noPrevious)
+        if (row->Score < previous || previous == noPrevious)
             ++position;
-        row.Position = position;
-        previous = row.Score;
+        row->Position = position;
+        previous = row->Score;
     }
+}
+
+std::unique_ptr<SummaryList> roundStandings(const QString& roundKey, qint32 mode) {
+    DBObject& database = AppDatabase();
+    const auto rows = database.GetRecordSet(roundQuery(roundKey, mode));
+    auto list = std::make_unique<SummaryList>();
+    for (RecordSet& row = Require(rows); !row.EndOfFile(); row.MoveNext()) {
+        auto summary = std::make_shared<Summary>();
+        summary->TeamName = database.SetField(row.Field(0));
+        summary->Joker = row.Field(2).toDouble() == JokerPlayed;
+        summary->Score =
+            points(ToInt32(QStringView(database.SetField(row.Field(1)))), summary->Joker);
+        list->Add(std::move(summary));
+    }
+    Require(SummaryDAO().SortSummaryList(list.get()));
+    return list;
+}
+
+std::unique_ptr<SummaryList> overallStandings() {
+    const DBObject::Snapshot snapshot(AppDatabase());
+    const auto teams = TeamDAO().GetTeamList();
+    if (!teams) {
+        SummaryDAO().SortSummaryList(nullptr);
+        return nullptr;
+    }
+    auto list = std::make_unique<SummaryList>();
+    for (const auto& team : *teams) {
+        const auto results = ResultDAO().GetResultList(QString(), team->TeamID);
+        // A row without a score costs its team the points; a file that cannot be read, everything.
+        if (!snapshot.IsWhole())
+            Require(results);
+        list->Add(std::make_shared<Summary>(sumOf(*team, results.get())));
+    }
+    Require(SummaryDAO().SortSummaryList(list.get()));
+    return list;
 }
 
 } // namespace
 
 std::unique_ptr<SummaryList> SummaryDAO::GetSummaryForRound(const QString& roundKey, qint32 mode) {
-    return Guarded("GetSummaryForRound", Component, std::unique_ptr<SummaryList>(), [&] {
-        DBObject& database = AppDatabase();
-        const auto rows = database.GetRecordSet(roundQuery(roundKey, mode));
-        auto list = std::make_unique<SummaryList>();
-        for (RecordSet& row = Require(rows); !row.EndOfFile(); row.MoveNext()) {
-            auto summary = std::make_shared<Summary>();
-            summary->TeamName = database.SetField(row.Field(0));
-            summary->Score = ToInt32(QStringView(database.SetField(row.Field(1))));
-            summary->Joker = row.Field(2).toDouble() == JokerPlayed;
-            summary->Score = points(summary->Score, summary->Joker);
-            list->Add(std::move(summary));
-        }
-        Require(SortSummaryList(list.get()));
-        return list;
-    });
+    return Guarded("GetSummaryForRound", Component, std::unique_ptr<SummaryList>(),
+                   [&] { return roundStandings(roundKey, mode); });
 }
 
 std::unique_ptr<SummaryList> SummaryDAO::GetOverallSummary(qint32) {
     return Guarded("GetOverallSummary", Component, std::unique_ptr<SummaryList>(),
-                   []() -> std::unique_ptr<SummaryList> {
-                       const DBObject::Snapshot snapshot(AppDatabase());
-                       SummaryDAO standings;
-                       const auto teams = TeamDAO().GetTeamList();
-                       if (!teams) {
-                           standings.SortSummaryList(nullptr);
-                           return nullptr;
-                       }
-                       auto list = std::make_unique<SummaryList>();
-                       for (qint32 i = 0; i <= teams->LastIndex(); ++i) {
-                           const Team& team = *teams->Item(i);
-                           auto summary = std::make_shared<Summary>();
-                           summary->TeamName = team.TeamName;
-                           const auto results = ResultDAO().GetResultList(QString(), team.TeamID);
-                           for (qint32 r = 0; results && r <= results->LastIndex(); ++r) {
-                               const Result& result = *results->Item(r);
-                               const bool joker = result.Joker == JokerPlayed;
-                               summary->Score =
-                                   CheckedAdd(summary->Score, points(result.Score, joker));
-                               summary->Joker = summary->Joker || joker;
-                           }
-                           list->Add(std::move(summary));
-                       }
-                       Require(standings.SortSummaryList(list.get()));
-                       return list;
-                   });
+                   overallStandings);
 }
 
 SummaryList* SummaryDAO::SortSummaryList(SummaryList* list) {
     return Guarded("SortSummaryList", Component, static_cast<SummaryList*>(nullptr), [&] {
         SummaryList& rows = Require(list);
         std::vector<Summary> sorted;
-        for (qint32 i = 0; i <= rows.LastIndex(); ++i)
-            sorted.push_back(*rows.Item(i));
+        for (const auto& row : rows)
+            sorted.push_back(*row);
         std::stable_sort(sorted.begin(), sorted.end(),
                          [](const Summary& a, const Summary& b) { return a.Score > b.Score; });
-        for (qint32 i = 0; i <= rows.LastIndex(); ++i)
-            *rows.Item(i) = std::move(sorted[static_cast<std::size_t>(i)]);
+        auto next = sorted.begin();
+        for (const auto& row : rows)
+            *row = std::move(*next++);
         setPositions(rows);
         return list;
     });

@@ -1,5 +1,5 @@
--- The empty quiz that every evening starts from. Keys are made by the program; a result whose
--- team or round was deleted stays, so no table refers to another.
+-- The empty quiz that ships. Keys are made by the program; a result whose team or round was deleted
+-- stays, so no table refers to another.
 CREATE TABLE Teams (
     TeamID TEXT NOT NULL PRIMARY KEY,
     TeamName TEXT COLLATE NOCASE
