@@ -1,5 +1,7 @@
+#include "core/Logging.h"
 #include "data/ResultDAO.h"
 #include "data/RoundDAO.h"
+#include "data/SummaryDAO.h"
 #include "data/TeamDAO.h"
 #include "support/AppFolder.h"
 #include "support/HostileTexts.h"
@@ -7,6 +9,20 @@
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Standings as "1 name score", a joker marked by "*".
+QString textOf(const std::unique_ptr<SummaryList>& list) {
+    QStringList rows;
+    if (list)
+        for (const auto& row : *list)
+            rows += QString::number(row->Position) + u' ' + row->TeamName + u' ' +
+                    QString::number(row->Score) + (row->Joker ? u"*"_s : QString());
+    return list ? rows.join(u", "_s) : u"nothing"_s;
+}
+
+} // namespace
 
 class RecordsTest : public QObject {
     Q_OBJECT
@@ -16,65 +32,70 @@ private slots:
         AppFolder folder;
         folder.Open();
         RunForeign(folder.DatabasePath(), {u"INSERT INTO Teams VALUES ('k','bystander')"_s});
-        for (const HostileText& hostile : HostileTexts()) {
-            Team team;
-            Round round;
-            for (const bool stored : {false, true}) {
-                team.TeamName = round.RoundName = hostile.Text;
-                team.IsStored = round.IsStored = stored;
-                round.MaxScore = stored ? -10 : 10;
-                QVERIFY2(TeamDAO().Save(team) != hostile.IsRefused, hostile.What);
-                QVERIFY2(RoundDAO().Save(round) != hostile.IsRefused, hostile.What);
-                QCOMPARE(folder.TakeReports().size(), hostile.IsRefused ? 2 : 0);
-                if (hostile.IsRefused)
-                    continue;
-                QCOMPARE(TeamDAO().GetTeam(team.TeamID)->TeamName, hostile.Stored);
-                const auto saved = RoundDAO().GetRound(round.RoundID);
-                QCOMPARE(saved->RoundName, hostile.Stored);
-                QCOMPARE(saved->MaxScore, round.MaxScore);
-            }
-            QCOMPARE(TeamDAO().Delete(team.TeamID), !hostile.IsRefused);
-            QCOMPARE(RoundDAO().Delete(round.RoundID), !hostile.IsRefused);
+        for (const auto& [what, text, stored, isRefused] : HostileTexts()) {
+            Team team; // inserted
+            team.TeamName = text;
+            Round round; // updated
+            QVERIFY(RoundDAO().Save(round));
+            round = Round(round.RoundID, text, 1, -10);
+            QVERIFY2(TeamDAO().Save(team) != isRefused && RoundDAO().Save(round) != isRefused,
+                     what);
+            QCOMPARE(folder.TakeReports().size(), isRefused ? 2 : 0);
+            if (!isRefused)
+                QCOMPARE(TeamDAO().GetTeam(team.TeamID)->TeamName, stored);
+            const auto saved = RoundDAO().GetRound(round.RoundID);
+            QCOMPARE(saved->RoundName, isRefused ? QString() : stored);
+            QCOMPARE(saved->MaxScore, isRefused ? 0 : -10);
+            QVERIFY(TeamDAO().Delete(team.TeamID) != isRefused && RoundDAO().Delete(round.RoundID));
             QVERIFY(TeamDAO().GetTeamList()->LastIndex() == 0 && RoundDAO().GetNextRound() == 1);
         }
     }
 
     void movesAndNumbersRounds() {
         const struct {
-            const char* numbers; // of the rounds A, B, C
-            const char* moved;
+            std::array<int, 3> numbers; // of the rounds A, B, C
+            QString moved;
             qint32 direction;
-            const char* list;
-            qint32 next;
+            const char* list; // with one more round
         } cases[] = {
-            {"1 2 3", "C", RoundDAO::Up, "A1 C2 B3", 4},
-            {"1 2 3", "A", RoundDAO::Up, "A0 B1 C2", 3},
-            {"1 2 3", "C", RoundDAO::Down, "A1 B2 C4", 5},
-            {"1 2 3", "A", RoundDAO::Down, "B1 A2 C3", 4},
-            {"1 5 9", "B", RoundDAO::Down, "A1 C2 B6", 7},
-            {"1 5 9", "B", 3, "A1 C2 B5", 6},
-            {"4 4 4", "B", RoundDAO::Up, "A1 C2 B3", 4},
-            {"2 5 9", "b", RoundDAO::Up, "A1 B2 C3", 4},
-            {"1 2 2147483647", "C", 3, "A1 B2 C2147483647", 1}, // overflow
+            {{1, 2, 3}, u"C"_s, RoundDAO::Up, "A1 C2 B3 new4"},
+            {{1, 2, 3}, u"A"_s, RoundDAO::Up, "A0 B1 C2 new3"},
+            {{1, 2, 3}, u"C"_s, RoundDAO::Down, "A1 B2 C4 new5"},
+            {{1, 2, 3}, u"A"_s, RoundDAO::Down, "B1 A2 C3 new4"},
+            {{1, 5, 9}, u"B"_s, RoundDAO::Down, "A1 C2 B6 new7"},
+            {{1, 5, 9}, u"B"_s, 3, "A1 C2 B5 new6"},
+            {{4, 4, 4}, u"B"_s, RoundDAO::Up, "A1 C2 B3 new4"},
+            {{2, 5, 9}, u"b"_s, RoundDAO::Up, "A1 B2 C3 new4"},
+            {{1, 2, 2147483647}, u"C"_s, 3, "A1 new1 B2 C2147483647"}, // overflow
         };
-        for (const auto& c : cases) {
+        for (const auto& [numbers, moved, direction, expected] : cases) {
             const AppFolder folder;
-            const QStringList numbers = QString::fromLatin1(c.numbers).split(u' ');
-            RunForeign(
-                folder.DatabasePath(),
-                {u"INSERT INTO Rounds VALUES ('A','A',%1,1),('B','B',%2,1),('C','C',%3,1)"_s.arg(
-                    numbers[0], numbers[1], numbers[2])});
+            RunForeign(folder.DatabasePath(),
+                       {u"INSERT INTO Rounds VALUES ('C','C',%3,1),('B','B',%2,1),('A','A',%1,1)"_s
+                            .arg(numbers[0])
+                            .arg(numbers[1])
+                            .arg(numbers[2])});
             folder.Open();
-            QVERIFY(RoundDAO().Reorder(QString::fromLatin1(c.moved), c.direction));
-            const auto list = RoundDAO().GetRoundList();
-            QStringList rounds;
-            for (qint32 i = 0; i <= list->LastIndex(); ++i)
-                rounds += list->Item(i)->RoundName + QString::number(list->Item(i)->RoundNumber);
-            QCOMPARE(rounds.join(u' '), QLatin1StringView(c.list));
             Round added;
-            RoundDAO().Save(added);
-            QCOMPARE(RoundDAO().GetRound(added.RoundID)->RoundNumber, c.next);
+            added.RoundName = u"new"_s;
+            QVERIFY(RoundDAO().Reorder(moved, direction) && RoundDAO().Save(added));
+            QStringList rounds;
+            const auto list = RoundDAO().GetRoundList();
+            for (const auto& round : *list)
+                rounds += round->RoundName + QString::number(round->RoundNumber);
+            QCOMPARE(rounds.join(u' '), QLatin1StringView(expected));
         }
+    }
+
+    void aMoveStopsAtTheFirstFailure() {
+        const AppFolder folder;
+        RunForeign(folder.DatabasePath(),
+                   {u"INSERT INTO Rounds VALUES ('A','A',1,1),('B','B',2,1),('C','C',4,1)"_s,
+                    u"CREATE TRIGGER T BEFORE UPDATE ON Rounds WHEN OLD.RoundID='B' BEGIN SELECT "
+                    "RAISE(ABORT,'no'); END"_s});
+        folder.Open();
+        QVERIFY(!RoundDAO().Reorder(u"B"_s, RoundDAO::Up) && !RoundDAO().Reorder(u"A"_s, 3));
+        QCOMPARE(RoundDAO().GetRound(u"C"_s)->RoundNumber, 4);
     }
 
     void savesAndFiltersResults() {
@@ -100,6 +121,80 @@ private slots:
         QVERIFY(count(u"r2"_s, u"t1"_s) == 1 && count(u"r2"_s, u"t2"_s) == 0);
         QVERIFY(dao.Delete(result.ResultID) && !dao.Delete(result.ResultID));
         QVERIFY(count({}, {}) == 3 && folder.TakeReports().isEmpty());
+    }
+
+    void standingsAreRight() {
+        const struct {
+            QString teams;
+            QString scores;               // team, round, score, joker
+            const char* round;            // the standings of the round r
+            const char* overall;          // of all rounds
+            const char* byName = nullptr; // of the round in the order 1, if that differs
+        } cases[] = {
+            {u"('a'),('b'),('none')"_s, u"('a','r',10,1),('b','r',15,0),('a','x',4,0)"_s,
+             "1 a 20*, 2 b 15", "1 a 24*, 2 b 15, 3 none 0"},
+            // A tie after doubling: the one order looks at the bare scores.
+            {u"('c'),('B'),('a')"_s,
+             u"('c','r',10,1),('a','r',20,0),('B','r',20,0),('B','x',0,0)"_s,
+             "1 c 20*, 1 a 20, 1 B 20", "1 a 20, 1 B 20, 1 c 20*", "1 a 20, 1 B 20, 1 c 20*"},
+            // A place after a tie follows at once; one behind a score of -1 is always a new one.
+            {u"('a'),('b'),('c'),('d'),('e')"_s,
+             u"('a','r',-2,0),('b','r',-1,0),('c','r',-1,0),('d','r',9,0),('e','r',9,0)"_s,
+             "1 d 9, 1 e 9, 2 b -1, 3 c -1, 4 a -2", "1 d 9, 1 e 9, 2 b -1, 3 c -1, 4 a -2"},
+            // Only the value 1 is a joker; a deleted team is left out. A row that cannot be read
+            // leaves its team without points overall, and the round without standings.
+            {u"('a'),('b'),('c')"_s,
+             u"('a','r',5,2),('b','r',5,-1),('c','r',4,NULL),('gone','r',9,0)"_s,
+             "1 a 5, 1 b 5, 2 c 4", "1 a 5, 1 b 5, 2 c 0"},
+            {u"('a'),('b')"_s, u"('a','r',NULL,0),('a','q',3,0),('b','r',1,0)"_s, "nothing",
+             "1 b 1, 2 a 0"},
+            {u"('a')"_s, u"('a','r',-1073741824,1)"_s, "1 a -2147483648*", "1 a -2147483648*"},
+            {u"('a')"_s, u"('a','r',1073741824,1)"_s, "nothing", "nothing"},
+            {u"('a')"_s, u"('a','r',2147483647,0),('a','q',1,0)"_s, "1 a 2147483647", "nothing"},
+        };
+        for (const auto& c : cases) {
+            AppFolder folder;
+            folder.Open();
+            SummaryDAO dao;
+            QCOMPARE(textOf(dao.GetOverallSummary(2)), QString());
+            RunForeign(
+                folder.DatabasePath(),
+                {u"INSERT INTO Teams SELECT column1,column1 FROM (VALUES %1)"_s.arg(c.teams),
+                 u"WITH N(t,r,s,j) AS (VALUES %1) INSERT INTO Results SELECT t||r,r,t,s,j FROM N"_s
+                     .arg(c.scores)});
+            // While a report is on the screen, another program may write.
+            AppLog().ShowError = [&folder, remember = AppLog().ShowError](const QString& text) {
+                RunForeign(folder.DatabasePath(), {u"DELETE FROM Rounds"_s});
+                remember(text);
+            };
+            QCOMPARE(textOf(dao.GetOverallSummary(2)), QLatin1StringView(c.overall));
+            QCOMPARE(folder.TakeReports().isEmpty(),
+                     c.overall != "nothing"_L1 && !c.scores.contains(u"NULL"));
+            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 2)), QLatin1StringView(c.round));
+            QCOMPARE(folder.TakeReports().isEmpty(), c.round != "nothing"_L1);
+            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 1)),
+                     QLatin1StringView(c.byName ? c.byName : c.round));
+        }
+    }
+
+    // With the database closed the answers are the defaults, and each procedure is told.
+    void saysWhatFailed() {
+        AppFolder folder;
+        Round round;
+        QVERIFY(!TeamDAO().GetTeamList() && !TeamDAO().Delete({}) && !TeamDAO().Save(Team()));
+        QVERIFY(!RoundDAO().Delete({}) && !RoundDAO().Save(round) &&
+                RoundDAO().GetNextRound() == 1 && RoundDAO().Reorder({}, 1));
+        QVERIFY(!ResultDAO().GetResultList({}, {}) && !ResultDAO().Delete({}));
+        QVERIFY(!SummaryDAO().GetSummaryForRound({}, 2) && !SummaryDAO().GetOverallSummary(2));
+        QStringList reports;
+        for (const QString& report : folder.TakeReports())
+            reports += report.section(u'[', -1).remove(u"DAO]"_s);
+        reports.removeAll(u"GetRecordSet/DBObject]"_s);
+        QCOMPARE(
+            reports.join(u' '),
+            u"GetTeamList/Team GetTeam/Team ExecuteSQL/DBObject] GetRound/Round GetNextRound/Round "
+            "GetNextRound/Round GetRoundList/Round GetResultList/Result GetResult/Result "
+            "GetSummaryForRound/Summary GetTeamList/Team SortSummaryList/Summary"_s);
     }
 };
 
