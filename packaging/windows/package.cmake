@@ -5,8 +5,7 @@ include("${CPACK_RANKELO_SOURCE}/packaging/common.cmake")
 
 copy_plugins("${folder}/plugins" plugins
     platforms/qwindows.dll styles/qwindowsvistastyle.dll
-    imageformats/qgif.dll imageformats/qjpeg.dll
-    sqldrivers/qsqlite.dll sqldrivers/qsqlodbc.dll)
+    imageformats/qgif.dll imageformats/qjpeg.dll sqldrivers/qsqlite.dll)
 file(WRITE "${folder}/qt.conf" "[Paths]\nPrefix = .\nPlugins = plugins\n")
 
 # CMake looks for DLLs under their names in small letters, Windows under any.
