@@ -2,7 +2,8 @@
 
 # open_print_service: after a display has been opened; the service ends with it.
 open_print_service() {
-    local root=$place/print port=$((RANDOM % 20000 + 30000))
+    local root=$place/print
+    port=$((RANDOM % 20000 + 30000))
     while (: <>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; do
         port=$((port + 1))
     done
@@ -10,6 +11,7 @@ open_print_service() {
     printf '%s %s\n' ServerRoot "$root/conf" RequestRoot "$root/spool" TempDir "$root/spool/tmp" \
         CacheDir "$root/cache" StateDir "$root/run" SystemGroup root AccessLog "$root/log/access" \
         ErrorLog "$root/log/error" PageLog "$root/log/page" >"$root/conf/cups-files.conf"
+    echo "NextJobId $port" >"$root/cache/job.cache" # another number than a neighbour's job
     cat >"$root/conf/cupsd.conf" <<END
 Listen 127.0.0.1:$port
 Browsing No

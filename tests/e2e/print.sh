@@ -57,12 +57,13 @@ window "$console"
 # The second printer becomes the default.
 open_list Down
 press Return
-comes_to Laser-1 sh -c "lpstat -W completed -o | cut -d ' ' -f 1"
+comes_to "Laser-$port" sh -c "lpstat -W completed -o | cut -d ' ' -f 1"
 press space # one print is enough
 go_to "$console" Escape
 laser_waits
 # There lies what somebody prints whom the system does not know.
-find /var/spool/cups-pdf/ANONYMOUS -name "*-job_1.pdf" -newer "$place/display" -exec mv {} "$place/sheets.pdf" \;
+find /var/spool/cups-pdf/ANONYMOUS -name "*-job_$port.pdf" -newer "$place/display" \
+    -exec mv {} "$place/sheets.pdf" \;
 # In a fixed pitch of 11 points a letter is 6.6 points wide. The left margin, blanks at the ends of
 # lines and the blank foot of a page do not count.
 diff - <(pdftotext -layout -fixed 6.6 "$place/sheets.pdf" - | tr -d '\f' |
