@@ -1,0 +1,149 @@
+#!/usr/bin/env bash
+# The board of the demo quiz on a desktop with two screens, 1280x720 for the console and 1920x1080
+# for the hall: plays it by keyboard and judges the pictures of both screens.
+#
+#   desktop.sh openbox|xfwm4|mutter|kwin|sway-xwayland|sway-wayland [PICTURES]
+source "$(dirname "$0")/../driver/driver.sh"
+
+# open_x11 WINDOW_MANAGER...: a graphics card without hardware, and two screens on it.
+open_x11() {
+    cat >"$place/xorg.conf" <<'END'
+Section "Monitor" Identifier "DUMMY0" HorizSync 5-1000 VertRefresh 5-200
+    Option "PreferredMode" "1280x720"
+EndSection
+Section "Monitor" Identifier "DUMMY1"
+    Option "Enable" "true"
+    Option "PreferredMode" "1920x1080"
+    Option "RightOf" "DUMMY0"
+EndSection
+Section "Device" Identifier "card" Driver "dummy" VideoRam 65536 EndSection
+Section "Screen" Identifier "desk" Device "card" Monitor "DUMMY0"
+    SubSection "Display" Virtual 3200 1080 EndSubSection
+EndSection
+END
+    Xorg -displayfd 3 -config "$place/xorg.conf" -configdir "$place" -logfile "$place/xorg.log" \
+        -noreset -ac -novtswitch -sharevts -dpi 96 3>"$place/display" 2>"$place/display.log" &
+    display_processes=($!)
+    within_patience "a display" test -s "$place/display"
+    DISPLAY=:$(<"$place/display")
+    export DISPLAY
+    env "${quiet_place[@]}" dbus-daemon --session --nofork --print-address=3 3>"$place/bus" 2>>"$place/display.log" &
+    display_processes+=($!)
+    within_patience "a session bus" test -s "$place/bus"
+    env "${quiet_place[@]}" DBUS_SESSION_BUS_ADDRESS="$(<"$place/bus")" NO_AT_BRIDGE=1 "$@" \
+        >>"$place/display.log" 2>&1 &
+    display_processes+=($!)
+    within_patience "the window manager" window_manager_is_there
+    xdotool mousemove 200 200 # some open a window where the pointer is
+    areas=([1]=1280x720+0+0 [2]=1920x1080+1280+0)
+    photograph_screen() { import -silent -window root -crop "${areas[$1]}" +repage "$2"; }
+    turned_to() {
+        xdotool search --onlyvisible --name "^$1" windowactivate && has_keyboard "$1*"
+    } 2>/dev/null
+    strike() { press "$1"; }
+}
+
+# open_sway: a Wayland compositor, which refuses to run as root.
+open_sway() {
+    ((EUID != 0)) || as_user=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
+    cat >"$place/sway" <<END
+output HEADLESS-1 resolution 1280x720 position 0 0
+output HEADLESS-2 resolution 1920x1080 position 1280 0
+exec env | grep -E '^(DISPLAY|WAYLAND_DISPLAY|SWAYSOCK)=' >$place/tmp/session
+END
+    ((EUID != 0)) || chown -R nobody "$place"
+    env -i "${quiet_place[@]}" WLR_BACKENDS=headless WLR_HEADLESS_OUTPUTS=2 WLR_RENDERER=pixman \
+        "${as_user[@]}" sway --config "$place/sway" >"$place/display.log" 2>&1 &
+    display_processes=($!)
+    within_patience "a desktop" test -s "$place/tmp/session"
+    mapfile -t session <"$place/tmp/session"
+    export "${session[@]}" XDG_RUNTIME_DIR="$place/runtime"
+    wtype -s 1000000 & # a keyboard that stays plugged in
+    display_processes+=($!)
+    photograph_screen() { grim -o "HEADLESS-$1" "$2"; }
+    turned_to() { swaymsg "[title=\"^$1\"] focus"; } >/dev/null
+    strike() { wtype -k "$1"; }
+}
+
+# down EDGE X: the colours that the eye meets going down the hall's picture, X pixels from its West
+# or East edge.
+down() {
+    convert "$hall" -gravity "$1" -crop "1x0+$2+0" +repage -depth 8 txt:- |
+        grep -o '#[0-9A-F]\{6\}' | uniq | paste -sd ' '
+}
+
+# Twice the distance, in pixels, of the heading's middle from the screen's.
+heading_off() {
+    convert "$hall" -crop x60+0+0 +repage -fill black +opaque "$letters" -trim \
+        -format '%[fx:abs(2*page.x+w-page.width)]' info:
+}
+
+look() {
+    photograph_screen 1 "$view-screen-1.png"
+    photograph_screen 2 "$view-screen-2.png"
+}
+is_console() { [[ $(convert "$1" -fill black +opaque "$ink" -format '%[fx:mean>0]' info:) == 1 ]]; }
+
+# board_is_on SCREEN COLOURS: it has these lines, they begin and end just inside the screen's edges,
+# and the console is to be seen unless it is on the same screen.
+board_is_on() {
+    local hall=$view-screen-$1.png
+    look
+    [[ $(down West 20) == "$2" && $(down East 10) == "$2" && $(down East 4) == "$black" ]] &&
+        (($(heading_off) < 8)) && { (($1 == 1)) || is_console "$view-screen-1.png"; }
+}
+board_is_gone() {
+    local hall=$view-screen-2.png
+    look
+    [[ $(down West 20) != *$pair_a* ]] && is_console "$view-screen-1.png"
+}
+
+# sees NAME COMMAND...: waits until the screens show it.
+sees() {
+    view=$pictures/$((++pictures_taken))-$1
+    within_patience "the screens of $view" "${@:2}"
+}
+
+black='#000000' first='#00FF00' second='#008000' third='#004000' letters='#FFFF80' ink='#1F2A33'
+pair_a='#C04000' pair_b='#804000'
+
+begin "$1" "${2:-$project/build/e2e/desktop-$1}"
+mkdir -p "$pictures"
+new_folder quiz "$project/scripts/demo.sql"
+session=() platform=xcb
+case $1 in
+openbox) open_x11 openbox --sm-disable ;;
+xfwm4) open_x11 xfwm4 ;;
+mutter) open_x11 mutter --x11 --sm-disable ;;
+kwin) open_x11 kwin_x11 ;;
+sway-xwayland) open_sway ;;
+sway-wayland)
+    open_sway
+    platform=wayland
+    ;;
+*) fail "no such desktop" ;;
+esac
+start_program "${session[@]}" QT_QPA_PLATFORM=$platform
+within_patience "the console" turned_to "Rankelo - "
+
+strike F8
+below="$black $pair_b $black $pair_a $black $pair_b $black $pair_a $black $pair_a"
+below+=" $black $pair_b $black $pair_a $black $pair_b $black"
+if [[ $1 == sway-xwayland ]]; then
+    # It puts every window beside the console: what the host does then.
+    sees covering board_is_on 1 "$below"
+    swaymsg '[title="^Rankelo Results"] move container to output HEADLESS-2' >/dev/null
+fi
+sees hidden board_is_on 2 "$below"
+strike 3
+below="$black $third $below"
+sees third board_is_on 2 "$below"
+strike 2
+below="$black $second $black $second $below"
+sees second board_is_on 2 "$below"
+within_patience "the console" turned_to "Rankelo - "
+strike 1
+sees first board_is_on 2 "$black $first $below"
+within_patience "the board" turned_to "Rankelo Results"
+strike Escape
+sees gone board_is_gone
