@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/ScreenAwake.h"
+
 #include <QHash>
 #include <QList>
 #include <QSet>
@@ -77,6 +79,7 @@ private:
     void buildForThisSize();
 
     const Use m_use;
+    ScreenAwake m_awake;
     std::function<void()> m_build;
     bool m_isBuilding = false;
     QSize m_builtFor; ///< the size for which the newest page was begun
