@@ -4,8 +4,8 @@
 
 #include <memory>
 
-/// While one lives, the screen neither goes dark nor locks because nobody touches a key. It waits for
-/// no answer of the system's; where the system has no such service, nothing happens. One
+/// While one lives, the screen neither goes dark nor locks because nobody touches a key. It waits
+/// for no answer of the system's; where the system has no such service, nothing happens. One
 /// implementation for each system.
 class ScreenAwake {
 public:

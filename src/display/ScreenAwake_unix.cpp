@@ -21,8 +21,8 @@ QDBusPendingCall call(const QString& method, const QVariantList& arguments) {
 
 struct ScreenAwake::Request {
     QDBusPendingCall inhibit =
-        call(QStringLiteral("Inhibit"), {QString::fromLatin1(ProductInfo::Name),
-                                         QStringLiteral("The board is shown")});
+        call(QStringLiteral("Inhibit"),
+             {QString::fromLatin1(ProductInfo::Name), QStringLiteral("The board is shown")});
 };
 
 ScreenAwake::ScreenAwake()

@@ -3,9 +3,7 @@
 #include <qt_windows.h>
 
 struct ScreenAwake::Request {
-    Request() {
-        SetThreadExecutionState(ES_CONTINUOUS | ES_DISPLAY_REQUIRED | ES_SYSTEM_REQUIRED);
-    }
+    Request() { SetThreadExecutionState(ES_CONTINUOUS | ES_DISPLAY_REQUIRED | ES_SYSTEM_REQUIRED); }
     ~Request() { SetThreadExecutionState(ES_CONTINUOUS); }
 };
 
