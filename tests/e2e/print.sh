@@ -93,10 +93,10 @@ open_list Up
 lpadmin -x Ink
 cupsdisable Laser
 press Return
-comes_to Laser-2 sh -c "lpstat -W not-completed -o | cut -d ' ' -f 1"
+comes_to "Laser-$((port + 1))" sh -c "lpstat -W not-completed -o | cut -d ' ' -f 1"
 go_to "$console" Escape
 cupsenable Laser
-comes_to Laser-2 sh -c "lpstat -W completed -o | grep -o 'Laser-2'"
+comes_to "Laser-$((port + 1))" sh -c "lpstat -W completed -o | grep -o Laser-$((port + 1))"
 print_in_vain "" kill -STOP "$service"
 kill -CONT "$service"
 print_in_vain "" stop_service
