@@ -93,7 +93,8 @@ private slots:
     // What the box holds is what the file holds. Enter takes it as it stands, but no blank; the
     // button is reached by leaving the box, which drops the apostrophes.
     void addsWhatIsTypedOrPasted() {
-        for (const HostileText& name : HostileTexts() << HostileText("a blank", " "))
+        const QList<HostileText> names = HostileTexts() << HostileText("a blank", " ");
+        for (const HostileText& name : names)
             for (const bool isPasted : {false, true}) {
                 // Control characters come from no key.
                 if (!isPasted &&
