@@ -56,7 +56,8 @@ private slots:
     void aSessionEndsWithANotice() {
         const AppFolder folder;
         AppLog().DebugLevel = 32;
-        QVERIFY(!Session().PCUsername.isEmpty() && Session().CreatedDate.contains(':'));
+        qputenv("USERNAME", "Ann");
+        QVERIFY(Session().PCUsername == "Ann" && Session().CreatedDate.contains(':'));
         QVERIFY(ReadFile(folder.Path("ISApplication.Log")).endsWith("Class Terminate\r\n"));
     }
 

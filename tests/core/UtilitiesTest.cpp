@@ -17,7 +17,7 @@ bool areNow(const auto& make) {
 const QByteArray HandEdited =
     "; my settings\r\n\r\nstray = 1\r\n[Other]\r\nFontName=Wrong\r\n[ application ]\r\n"
     "# the board\r\nFONTNAME =  Liberation Sans  \r\nno equals sign\r\n=no key\r\nUnknown=7\r\n"
-    "FontName=Later\r\nBoss=Ren\xE9\r\nFooter=\r\n\r\n; about the next section\r\n[Last]\r\na=b\r\n"
+    "FontName=Later\r\nBoss=Ren\xE9\r\nFooter=\r\n\r\n# about=the next\r\n[Last]\r\na=b\r\n"
     "[Application]\r\nBoss=Second\r\nOnly=Here\r\n; the end";
 
 } // namespace
@@ -62,9 +62,8 @@ private slots:
             QString key;
             QVERIFY(areNow([&] { return (key = fresh.GenerateUnique()).left(16); }));
             // The number makes it the only one; the random part is not above the clock's time.
-            QVERIFY2(key.size() == 26 && key.mid(16, 5).toInt() == i &&
-                         key.mid(21) <= key.mid(8, 5),
-                     qPrintable(key));
+            QCOMPARE(key.mid(16, 5).toInt(), i);
+            QVERIFY2(key.size() == 26 && key.mid(21) <= key.mid(8, 5), qPrintable(key));
         }
     }
 
@@ -79,8 +78,9 @@ private slots:
         QCOMPARE(u.GetPathFromFile(path) + u.GetPathFromFile("a.b"), "C:\\x/y");
         QCOMPARE(u.GetFileExtension(path) + u.GetFileExtension("txt") + u.GetFileVersion(a), "txt");
         QFile::setPermissions(a, QFile::permissions(a) | QFile::ExeOwner);
-        QVERIFY(u.CreatePath(sub) && u.CreatePath("/") && u.CopyFile(folder.DatabasePath(), b));
-        QVERIFY(u.CopyFile(a, b) && QFile::permissions(b) == QFile::permissions(a));
+        QVERIFY(u.CreatePath(sub) && u.CreatePath("/") && u.CreatePath(sub.chopped(1) + "\\"));
+        QVERIFY(u.CopyFile(folder.DatabasePath(), b) && u.CopyFile(a, b) &&
+                QFile::permissions(b) == QFile::permissions(a));
         QVERIFY(u.CopyFile(unsized, c) && u.MoveFile(c, d) && u.FileExists(b));
         QVERIFY(u.DirectoryExists(u.SystemDirectory()) && u.DirectoryExists(u.ReturnTempPath()));
         QVERIFY(ReadFile(b) == "new" && ReadFile(d) == ReadFile(unsized));
@@ -109,12 +109,13 @@ private slots:
             {HandEdited, "Liberation Sans"},
             {"FontName=a\n[Other]\nFontName=b", "default"},
             {"[Application]\na=1\n[Application]\nFontName=b", "default"}, // the first one counts
-            {head + "Ren\xE9", "Ren\u00e9"},
+            {head + "\"", "\""},
             {head + "\"\"", "default"},
             {head + "\"  a  \"", "  a  "},
             {head + "\"a'", "\"a'"},
             {"\xEF\xBB\xBF" + head + "\xC3\xA9 ; b=c", "\u00e9 ; b=c"},
             {head + QByteArray("a\0b", 3), "a"},
+            {head + wide + "xy", wide + 'x'},
             {head + wide + "\xF0\x9F\x98\x80", wide},
         };
         for (const auto& [file, value] : cases) {
@@ -142,7 +143,7 @@ private slots:
             {"Application", "k", "a\nFooter=1", {}, {}},
             {"Application", "a=b", "a", {}, {}},
             {"Application", ";a", "a", {}, {}},
-            {"Application", "", "a", {}, {}},
+            {"", "k", "a", {}, {}},
             {"a]", "k", "a", {}, {}},
         };
         for (const auto& c : cases) {
