@@ -29,11 +29,11 @@ const struct {
     Screen (*Make)();
     const char* TabOrder;
 } Screens[] = {
-    {[] { return Screen(new frmMain); },
+    {Make<frmMain>,
      "cboRounds chkShowAllRound cmdRoundSetup cmdTeamSetup cmdResultsEntry cmdDisplayRound "
      "cmdDisplayLeader cmdViewResults cmdViewLeader cmdConfiguration cmdExit"},
-    {TeamScreen, "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
-    {RoundScreen, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
+    {Make<frmTeamEntry>, "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
+    {Make<frmRoundEntry>, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
     {ResultScreen, "lvTeams cboRounds"},
     {[] { return Screen(new frmEntry(nullptr, "Ants", 12, true)); },
      "txtScore chkJoker cmdOK cmdCancel"},
@@ -42,7 +42,7 @@ const struct {
      "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
      "cmdReset chkDebugMode cmdSave cmdClose cmdAbout"},
     {resultsWindow, "lvResults cboPrinter cmdPrint"},
-    {[] { return Screen(new frmAbout); }, "cmdClose"},
+    {Make<frmAbout>, "cmdClose"},
 };
 
 // The smallest size in which a control shows its whole text.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "display/frmSummary.h"
+#include "forms/frmMain.h"
 #include "forms/frmResultEntry.h"
 #include "forms/frmRoundEntry.h"
 #include "forms/frmTeamEntry.h"
@@ -10,11 +11,15 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 /// A small quiz under way: three teams, three rounds, two scores in the first of them.
 struct Quiz : AppFolder {
     Quiz() {
+        WriteFile(Path("JOKER.BMP"), ReadFile(":/JOKER.BMP"));
         RunForeign(DatabasePath(),
                    {"INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),('T3','Cats')",
                     "INSERT INTO Rounds VALUES "
@@ -22,28 +27,30 @@ struct Quiz : AppFolder {
                     "INSERT INTO Results VALUES ('X1','R1','T1',8,0),('X2','R1','T2',7,1)"});
         Open();
     }
-    ~Quiz() { qDeleteAll(Boards()); }
+    ~Quiz() { delete Board(); }
 
     /// The first column of a query's rows, as another program sees them, joined by "|".
     QString Stored(const QString& query) const {
         return RunForeign(DatabasePath(), {query}).join(u'|');
     }
-    /// The boards that are open.
-    static QList<frmSummary*> Boards() {
+    /// The board that is open; the test fails when it is not the only one.
+    static frmSummary* Board() {
         QList<frmSummary*> boards;
         for (QWidget* window : QApplication::topLevelWidgets())
             if (auto* board = qobject_cast<frmSummary*>(window))
                 boards.append(board);
-        return boards;
+        [&] { QVERIFY(boards.size() < 2); }();
+        return boards.value(0);
     }
 };
 
-// The entry screens as the program opens them.
+// The screens as the program opens them.
 using Screen = std::unique_ptr<QWidget>;
-template <typename EntryScreen>
-Screen Listed() {
-    auto screen = std::make_unique<EntryScreen>();
-    screen->FillList();
+template <typename T>
+Screen Make() {
+    auto screen = std::make_unique<T>();
+    if constexpr (requires { screen->FillList(); })
+        screen->FillList();
     return screen;
 }
 inline Screen ResultScreen() {
@@ -51,27 +58,79 @@ inline Screen ResultScreen() {
     screen->Fill("no such round");
     return screen;
 }
-inline const auto TeamScreen = Listed<frmTeamEntry>;
-inline const auto RoundScreen = Listed<frmRoundEntry>;
 
-/// A screen of the quiz that an operator has opened, with its list and its first box.
+/// A screen of the quiz that an operator has opened.
 struct Opened : Quiz {
     explicit Opened(Screen (*make)())
         : screen(make()) {
         ShowScreen(*screen);
     }
+
     template <typename T = QWidget>
-    T& Get(const char* name) const {
+    T& Get(const QString& name) const {
         return Control<T>(*screen, name);
     }
-    /// Selects a row, unless it is -1, and clicks on a button.
-    void PressFor(int row, const char* button) const {
-        if (row >= 0)
-            ClickRow(*list, row);
-        Click(Get(button));
+
+    /// Takes steps parted by blanks, also in the dialogs that they open; "_" in them is a blank.
+    /// "@2" clicks on row 2 and "@@2" twice, "!Return" presses the key and "~Return" holds it,
+    /// "=text" types, "?text" waits for the window or message with that title or text, "#2" runs
+    /// a command of the console, and a name clicks on the control. No dialog stays open.
+    void Play(const QString& steps) {
+        QStringList left = steps.split(u' ', Qt::SkipEmptyParts);
+        QList<QPointer<QWidget>> known{nullptr};
+        bool isBusy = false;
+        QEventLoop loop;
+        std::function<void()> tick = [&] {
+            QTimer::singleShot(1, &loop, tick);
+            QWidget* modal = QApplication::activeModalWidget();
+            if (isBusy && known.contains(modal)) // A step goes on until a new dialog stops it.
+                return;
+            known.append(modal);
+            isBusy = true;
+            if (!left.isEmpty())
+                take(left.takeFirst());
+            else if (modal)
+                leave(*modal, steps);
+            else
+                loop.quit();
+            isBusy = false;
+        };
+        tick();
+        loop.exec();
+        QVERIFY2(left.isEmpty(), qPrintable(steps));
     }
 
     Screen screen;
-    QTreeWidget* list = screen->findChild<QTreeWidget*>();
-    QLineEdit* box = screen->findChild<QLineEdit*>();
+
+private:
+    static bool isThere(const QString& text) {
+        QWidget* window = QApplication::activeWindow();
+        const auto* box = qobject_cast<QMessageBox*>(window);
+        return window && (window->windowTitle() == text || (box && box->text() == text));
+    }
+    static void leave(QWidget& dialog, const QString& steps) {
+        dialog.close();
+        QFAIL(qPrintable(dialog.windowTitle() + " stays open after " + steps));
+    }
+    void take(const QString& step) const {
+        QWidget* modal = QApplication::activeModalWidget();
+        const QWidget& window = modal ? *modal : *screen;
+        const QString rest = step.mid(1);
+        const QString text = QString(rest).replace(u'_', u' ');
+        const QKeyCombination key = QKeySequence(rest)[0];
+        if (step[0] == u'@')
+            ClickRow(*window.findChild<QTreeWidget*>(), rest.last(1).toInt(), rest[0] == u'@');
+        else if (step[0] == u'!')
+            Press(key.key(), key.keyboardModifiers());
+        else if (step[0] == u'~')
+            Hold(key.key());
+        else if (step[0] == u'=')
+            Type(text);
+        else if (step[0] == u'?')
+            QTRY_VERIFY2(isThere(text), qPrintable(text));
+        else if (step[0] == u'#')
+            static_cast<frmMain&>(*screen).RunCommand(rest.toInt());
+        else
+            Click(Control<QWidget>(window, step));
+    }
 };

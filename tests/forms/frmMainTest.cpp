@@ -1,55 +1,30 @@
 #include "forms/frmMain.h"
 #include "Quiz.h"
+#include "app/Messages.h"
 #include "core/AppPaths.h"
 #include "core/Utilities.h"
+#include "forms/frmEntry.h"
 
-#include <QAbstractItemView>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QTest>
 
 namespace {
 
+/// The console, with the second round selected.
 struct Console : Opened {
     Console()
-        : Opened([]() -> Screen { return std::make_unique<frmMain>(); }) {
-        AppUtilities().OpenDocument = [this](const QString& path) {
-            effects.append("document " + path.mid(Paths().AppPath.size()));
-        };
+        : Opened(Make<frmMain>) {
         WriteFile(Path("Rankelo.PDF"), "a guide");
-    }
-
-    void Run(qint32 command) { static_cast<frmMain&>(*screen).RunCommand(command); }
-
-    // With the second round selected, what a step brings about: a dialog and the round in it, a
-    // board, an opened document, another selected round.
-    void Expect(const QString& effect, const std::function<void()>& step) {
-        effects.clear();
-        rounds.setCurrentIndex(1);
-        const auto answer = [this](QDialog& dialog) {
-            effects.append("dialog " + dialog.windowTitle());
-            if (const auto* chooser = dialog.findChild<QComboBox*>("cboRounds"))
-                effects.append(chooser->currentText());
-            if (auto* about = dialog.findChild<QWidget*>("cmdAbout"))
-                Click(*about);
-            Press(Qt::Key_Escape);
+        AppUtilities().OpenDocument = [](const QString& path) {
+            Messages::Inform(nullptr, path.mid(Paths().AppPath.size()), "document");
         };
-        const ModalAnswers answers({static_cast<size_t>(effect.count("dialog")), answer});
-        step();
-        QVERIFY2(answers.AllGiven(), qPrintable(effect));
-        for (frmSummary* board : Boards()) {
-            effects.append("board " + board->windowTitle());
-            board->hide(); // Still there when the next one is asked for.
-        }
-        if (rounds.currentIndex() != 1)
-            effects.append("round " + rounds.currentText());
-        QCOMPARE(effects.join(u' '), effect);
-        ShowScreen(*screen);
+        rounds.setCurrentIndex(1);
     }
-
-    QStringList effects;
     QComboBox& rounds = Get<QComboBox>("cboRounds");
 };
+
+Screen scoreDialog() {
+    return std::make_unique<frmEntry>(nullptr, "Ants", 12, true);
+}
 
 } // namespace
 
@@ -62,76 +37,71 @@ private slots:
     // By number, by key and by button: always the same.
     void runsCommands() {
         const struct {
-            qint32 command;
-            int key;
-            const char *button, *effect;
+            QString number, key, button, steps;
+            const char* round = "[2] Films";
         } commands[] = {
-            {1, Qt::Key_F2, "cmdRoundSetup", "dialog Round Entry round [1] Music"},
-            {2, Qt::Key_F3, "cmdTeamSetup", "dialog Team Entry"},
-            {3, 0, "cmdConfiguration", "dialog Settings dialog Rankelo"},
-            {4, Qt::Key_F6, "cmdResultsEntry", "dialog Result Entry Films"},
-            {5, Qt::Key_F7, "cmdDisplayRound", "board Films Results"},
-            {6, Qt::Key_F8, "cmdDisplayLeader", "board Rankelo Results"},
-            {7, 0, "cmdViewResults", "dialog Films Results"},
-            {8, 0, "cmdViewLeader", "dialog Rankelo Results"},
-            {9, Qt::Key_F1, nullptr, "document Rankelo.PDF"},
-            {10, Qt::Key_F9, nullptr, ""},
-            {12, Qt::Key_F4, nullptr, "round [1] Music"},
-            {13, Qt::Key_F5, nullptr, "round [3] Sport"},
-            {14, Qt::Key_Escape, "cmdExit", "dialog Exit Application"},
+            {"#1", "!F2", "cmdRoundSetup", "?Round_Entry !Escape", "[1] Music"},
+            {"#2", "!F3", "cmdTeamSetup", "?Team_Entry !Escape"},
+            {"#3", "", "cmdConfiguration", "?Settings cmdAbout ?Rankelo cmdClose cmdClose"},
+            {"#4", "!F6", "cmdResultsEntry", "?Result_Entry @2 !Return !Return !Escape"},
+            {"#5", "!F7", "cmdDisplayRound", "?Films_Results"},
+            {"#6", "!F8", "cmdDisplayLeader", "?Rankelo_Results"},
+            {"#7", "", "cmdViewResults", "?Films_Results !Escape"},
+            {"#8", "", "cmdViewLeader", "?Rankelo_Results !Escape"},
+            {"#9", "!F1", "", "?Rankelo.PDF !Return"},
+            {"#10", "!F9", "", ""},
+            {"#12", "!F4", "", "", "[1] Music"},
+            {"#13", "!F5", "", "", "[3] Sport"},
+            {"#14", "!Escape", "cmdExit", "?Are_you_sure_you_wish_to_exit? !Escape"},
         };
-        for (const auto& [command, key, button, effect] : commands) {
+        for (const auto& [number, key, button, steps, round] : commands)
+            for (const QString& way : {number, key, button, QString("!Space")}) {
+                if (way.isEmpty() || (button.isEmpty() && way == "!Space"))
+                    continue;
+                Console console;
+                if (way == "!Space")
+                    console.Get(button).setFocus();
+                console.Play(way + u' ' + steps);
+                QCOMPARE(console.rounds.currentText(), round);
+                QCOMPARE(console.Stored("SELECT RoundID FROM Results WHERE TeamID='T3'"),
+                         number == "#4" ? "R2" : "");
+            }
+    }
+
+    // Letters reach the chooser, and at its ends it stays. With its list dropped down, Enter and
+    // Esc belong to the list; a function key closes it and does its work.
+    void leavesKeysToTheChooser() {
+        for (const auto& [steps, round] : {std::pair{"=[3", "[3] Sport"},
+                                           {"!F4 !F4", "[1] Music"},
+                                           {"!F5 !F5", "[3] Sport"},
+                                           {"!Alt+Down !Down !Return", "[3] Sport"},
+                                           {"!Alt+Down !Down !Escape", "[2] Films"},
+                                           {"!Alt+Down !Down !F5", "[3] Sport"}}) {
             Console console;
-            console.Expect(effect, [&] { console.Run(command); });
-            if (key != 0)
-                console.Expect(effect, [&] { Press(key); });
-            if (!button)
-                continue;
-            auto& tile = console.Get<QAbstractButton>(button);
-            console.Expect(effect, [&] { Click(tile); });
-            tile.setFocus();
-            console.Expect(effect, [&] { Press(Qt::Key_Space); });
-            QVERIFY2(!tile.isDown(), "the button waits for a release that never comes");
+            console.Play(steps);
+            QTRY_VERIFY(!QApplication::activePopupWidget());
+            QCOMPARE(console.rounds.currentText(), round);
         }
     }
 
-    // Letters reach the chooser, releases nobody; at its ends it stays. With its list dropped
-    // down, Enter and Esc belong to the list; a function key closes it and does its work.
-    void leavesKeysToTheChooser() {
-        Console console;
-        QVERIFY(!ReleaseArrives());
-        console.Expect("round [3] Sport", [] { Type("[3"); });
+    void keepsReleasesFromItsControls() {
         const struct {
-            bool isDroppedDown;
-            QList<int> keys;
-            const char* effect;
-        } cases[] = {{false, {Qt::Key_F4, Qt::Key_F4}, "round [1] Music"},
-                     {false, {Qt::Key_F5, Qt::Key_F5}, "round [3] Sport"},
-                     {true, {Qt::Key_Down, Qt::Key_Return}, "round [3] Sport"},
-                     {true, {Qt::Key_Down, Qt::Key_Escape}, ""},
-                     {true, {Qt::Key_Down, Qt::Key_F5}, "round [3] Sport"}};
-        for (const auto& [isDroppedDown, keys, effect] : cases)
-            console.Expect(effect, [&] {
-                if (isDroppedDown)
-                    console.rounds.showPopup();
-                QTRY_COMPARE(console.rounds.view()->isVisible(), isDroppedDown);
-                for (const int key : keys)
-                    Press(key);
-                QTRY_VERIFY(!console.rounds.view()->isVisible());
-            });
+            Screen (*make)();
+            bool arrives;
+        } screens[] = {{Make<frmMain>, false}, {scoreDialog, false}, {Make<frmTeamEntry>, true}};
+        for (const auto& [make, arrives] : screens) {
+            const Opened screen(make);
+            QCOMPARE(ReleaseArrives(), arrives);
+        }
     }
 
+    // A new board takes the place of one that is still open.
     void hidesThePodiumUnlessTheBoxSaysSo() {
-        Console console;
-        console.Get("chkShowAllRound").setFocus();
-        for (const bool isAll : {false, true}) {
-            for (const int key : {Qt::Key_F7, Qt::Key_F8}) {
-                Press(key);
-                QCOMPARE(Control<QWidget>(*Quiz::Boards().value(0), "lblLabel1").isVisible(),
-                         isAll);
-                ShowScreen(*console.screen);
-            }
-            Press(Qt::Key_Space);
+        for (const char* steps :
+             {"!F4 #6 #5", "!F4 #5 #6", "chkShowAllRound !F4 #5", "chkShowAllRound !F4 #6"}) {
+            Console console;
+            console.Play(steps);
+            QCOMPARE(Control<QWidget>(*Quiz::Board(), "lblLabel1").isVisible(), steps[0] == 'c');
         }
     }
 
@@ -141,14 +111,15 @@ private slots:
         Console console;
         QVERIFY(!console.screen->close());
         RunForeign(console.DatabasePath(), {"DROP TABLE Rounds", "DROP TABLE Teams"});
-        for (const qint32 command : {1, 2, 4, 5, 6, 7, 8}) {
-            console.Expect("", [&] { console.Run(command); });
-            QVERIFY(!console.TakeReports().isEmpty());
+        for (const char* steps : {"#1", "#2", "#4", "#5", "#6", "#7", "#8"}) {
+            console.Play(steps);
+            QVERIFY2(!console.TakeReports().isEmpty() && !Quiz::Board(), steps);
         }
         static_cast<frmMain&>(*console.screen).ListRounds(-1);
-        for (const qint32 command : {4, 5, 7, 12, 13})
-            console.Expect(command < 12 ? "dialog Rankelo Invalid Entry round " : "round ",
-                           [&] { console.Run(command); });
+        for (const QString number : {"#4", "#5", "#7"})
+            console.Play(number + " ?You_need_to_select_a_round !Return");
+        console.Play("#12 #13");
+        QCOMPARE(console.rounds.count(), 0);
     }
 };
 
