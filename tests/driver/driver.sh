@@ -82,8 +82,7 @@ open_display() {
 window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 close_display() {
-    kill "${display_processes[@]}" 2>/dev/null || true
-    wait "${display_processes[@]}" 2>/dev/null || true
+    { kill "${display_processes[@]}"; wait "${display_processes[@]}"; } 2>/dev/null || true
     display_processes=()
     rm -f "$place/display"
 }
@@ -129,8 +128,7 @@ ended_with() {
 said_nothing() { [[ ! -s $place/stderr ]] || fail "the program said something"; }
 
 kill_program() {
-    kill -KILL "$program" 2>/dev/null || true
-    wait "$program" 2>/dev/null || true
+    { kill -KILL "$program"; wait "$program"; } 2>/dev/null || true
     program=
 }
 
@@ -147,20 +145,24 @@ has_keyboard() {
 # focus NAME: presses Tab until the control of this name has the focus, in the window that has the
 # keyboard; a control more or less on the way changes nothing.
 focus() {
-    local title before first=
-    title=$(xdotool getwindowfocus getwindowname)
-    within_patience "the focus in \"$title\"" focus_is_in "$title"
-    until before=$(focused) && [[ $before == "$title|$1" ]]; do
-        [[ $before != "$first" ]] || fail "Tab comes round to $before without meeting $1"
-        first=${first:-$before}
+    local first
+    ask_focus
+    first=$focused
+    until [[ $focused == "$1" ]]; do
         press Tab
-        within_patience "Tab to leave $before" focus_has_left "$before"
+        ask_focus
+        [[ $focused != "$first" ]] || fail "Tab comes round to $focused without meeting $1"
     done
 }
 
-focused() { tail -n 1 "$place/stdout"; } # the probe tells it there
-focus_is_in() { [[ $(focused) == "$1|"* ]]; }
-focus_has_left() { [[ $(focused) != "$1" ]]; }
+ask_focus() {
+    local answers
+    answers=$(wc -l <"$place/stdout")
+    press Pause
+    within_patience "the probe's answer" has_answered "$answers"
+    focused=$(tail -n 1 "$place/stdout")
+}
+has_answered() { (($(wc -l <"$place/stdout") > $1)); }
 
 press() { xdotool key --delay "$keystroke" "$@"; }
 enter_text() { xdotool type --delay 20 -- "$1"; }

@@ -12,16 +12,8 @@ open_print_service() {
         CacheDir "$root/cache" StateDir "$root/run" SystemGroup root AccessLog "$root/log/access" \
         ErrorLog "$root/log/error" PageLog "$root/log/page" >"$root/conf/cups-files.conf"
     echo "NextJobId $port" >"$root/cache/job.cache" # another number than a neighbour's job
-    cat >"$root/conf/cupsd.conf" <<END
-Listen 127.0.0.1:$port
-Browsing No
-WebInterface No
-<Policy default>
-<Limit All>
-Order deny,allow
-</Limit>
-</Policy>
-END
+    printf '%s\n' "Listen 127.0.0.1:$port" "Browsing No" "WebInterface No" "<Policy default>" \
+        "<Limit All>" "Order deny,allow" "</Limit>" "</Policy>" >"$root/conf/cupsd.conf"
     printf '%s\n' "ServerName 127.0.0.1:$port" "User quizmaster-$$" >"$root/conf/client.conf"
     # What each user chooses lies in the home folder, root's in the configuration's on some systems.
     export CUPS_SERVERROOT=$root/conf HOME=$place/home
