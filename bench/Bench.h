@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <ctime>
-#include <thread>
 
 /// Nanoseconds that something of ours and its bare counterpart took.
 struct Pair {
@@ -82,8 +81,8 @@ void BenchScreens();
 void BenchStart();
 
 /// One operation for a tool that counts instructions; false for an unknown name.
-bool RunOnce(const QString& operation, std::jthread& search);
+bool RunOnce(const QString& operation);
 bool RunDataOnce(const QString& operation);
 bool RunBoardOnce(const QString& operation);
-/// Ends the process when the window has been painted. The search for fonts has begun.
-bool RunStartOnce(const QString& operation, std::jthread& search);
+/// Ends the process when the window has been painted.
+bool RunStartOnce(const QString& operation);

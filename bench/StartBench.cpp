@@ -1,7 +1,6 @@
 #include "Bench.h"
 
 #include "app/Desktop.h"
-#include "app/FontSearch.h"
 #include "app/InputGuard.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
@@ -110,7 +109,7 @@ void BenchStart() {
     benchStartOn(qEnvironmentVariable("QT_QPA_PLATFORM"), QStringLiteral("without one"), 0);
 }
 
-bool RunStartOnce(const QString& operation, std::jthread& search) {
+bool RunStartOnce(const QString& operation) {
     PaintedWatch watch(nullptr);
     qApp->installEventFilter(&watch);
     if (operation == u"empty-window" || operation == u"word-window") {
@@ -123,13 +122,11 @@ bool RunStartOnce(const QString& operation, std::jthread& search) {
         Paths().TempPath = AppUtilities().ReturnTempPath();
         Paths().AppPath = qEnvironmentVariable("RANKELO_BENCH_FOLDER");
         Theme::Apply(*qApp);
-        std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
         ConnectDesktop();
         InstallInputGuard(*qApp);
         if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
             return false;
         frmMain window;
-        fonts = {};
         window.show();
         QApplication::exec();
     }

@@ -1,12 +1,9 @@
 #include "Bench.h"
 
-#include "app/FontSearch.h"
-
 #include <QApplication>
 
 #include <algorithm>
 #include <cstdio>
-#include <string_view>
 
 void PrintRow(const QString& what, const Pair& pair, double count, double limit) {
     constexpr double microsecond = 1000;
@@ -29,17 +26,14 @@ Pair Middle(QList<Pair> pairs) {
     return *middle;
 }
 
-bool RunOnce(const QString& operation, std::jthread& search) {
-    return RunStartOnce(operation, search) || RunBoardOnce(operation) || RunDataOnce(operation);
+bool RunOnce(const QString& operation) {
+    return RunStartOnce(operation) || RunBoardOnce(operation) || RunDataOnce(operation);
 }
 
 int main(int argc, char** argv) {
-    // As the program does, which is one of the operations.
-    const bool isProgram = argc == 2 && std::string_view(argv[1]) == "console";
-    std::jthread search = isProgram ? LookForFonts() : std::jthread();
     QApplication application(argc, argv);
     if (const QStringList words = QApplication::arguments(); words.size() == 2)
-        return RunOnce(words[1], search) ? EXIT_SUCCESS : EXIT_FAILURE;
+        return RunOnce(words[1]) ? EXIT_SUCCESS : EXIT_FAILURE;
     std::printf("%-52s %12s %12s %7s %s\n", "", "ours, us", "bare, us", "ratio", "limit");
     BenchStart();
     BenchBoard();

@@ -8,7 +8,7 @@ build_packages=(
     sqlite3                                # makes the empty database
     qt6-base-dev libqt6sql6-sqlite
     qt6-base-private-dev                   # a test unplugs a screen
-    libcups2-dev libfontconfig-dev
+    libcups2-dev
     fonts-liberation                       # stands in for Arial, the board's first font
     x11-utils                              # xdpyinfo: can the display be opened?
 )

@@ -1,5 +1,4 @@
 #include "app/Desktop.h"
-#include "app/FontSearch.h"
 #include "app/InputGuard.h"
 #include "app/Theme.h"
 #include "app/modCommon.h"
@@ -18,31 +17,27 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <thread>
 
 namespace {
 
 /// The start-up order. Gives the console, or nothing when the settings or the database cannot be
 /// had; the reason is then the log's last message.
-std::unique_ptr<frmMain> Main(std::jthread& fonts) {
-    return Guarded(
-        "Main", "modMain", std::unique_ptr<frmMain>(), [&]() -> std::unique_ptr<frmMain> {
-            Paths().TempPath = AppUtilities().ReturnTempPath();
-            Paths().AppPath = ApplicationFolder();
-            if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
-                return nullptr;
-            fonts = {}; // waits for their end
-            modForms::ShowSplash();
-            auto console = std::make_unique<frmMain>();
-            console->show();
-            return console;
-        });
+std::unique_ptr<frmMain> Main() {
+    return Guarded("Main", "modMain", std::unique_ptr<frmMain>(), []() -> std::unique_ptr<frmMain> {
+        Paths().TempPath = AppUtilities().ReturnTempPath();
+        Paths().AppPath = ApplicationFolder();
+        if (!modCommon::Settings(modCommon::LoadSettings) || !AppDatabase().OpenDatabase())
+            return nullptr;
+        modForms::ShowSplash();
+        auto console = std::make_unique<frmMain>();
+        console->show();
+        return console;
+    });
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    std::jthread search = LookForFonts();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromLatin1(ProductInfo::Name));
     QApplication::setApplicationVersion(QString::fromLatin1(ProductInfo::Version));
@@ -50,11 +45,10 @@ int main(int argc, char** argv) {
     // Only the exit command ends the program, not the last window that closes.
     QApplication::setQuitOnLastWindowClosed(false);
     Theme::Apply(application);
-    std::jthread fonts = ReadFonts(std::move(search), QApplication::font());
     ConnectDesktop();
     InstallInputGuard(application);
 
-    const std::unique_ptr<frmMain> console = Main(fonts);
+    const std::unique_ptr<frmMain> console = Main();
     if (!console) {
         const QString reason = AppLog().Description().simplified();
         std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));
