@@ -4,10 +4,7 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QHash>
-#include <QImageReader>
 #include <QPalette>
-#include <QPixmap>
 
 namespace {
 
@@ -40,38 +37,20 @@ QPalette paletteOf(const Shades& shades) {
     return palette;
 }
 
-// Says that it is a PNG, for a reader that has to find out loads the decoders of all other kinds.
-QPixmap read(const QString& file) {
-    QImageReader reader(file, "png");
-    reader.setAutoDetectImageFormat(false);
-    return QPixmap::fromImageReader(&reader);
-}
-
-// The picture called name with the modes up to the last. Each is decoded once, for that is a third
-// of opening a screen with many buttons. They are never destroyed: pictures must not outlive the
-// application object.
-QIcon known(const QString& name, QIcon::Mode last) {
-    static auto& icons = *new QHash<std::pair<QString, QIcon::Mode>, QIcon>;
-    const auto file = [&](const char* set) {
-        return QStringLiteral(":/icons/%1/%2.png").arg(QLatin1StringView(set), name);
-    };
-    const QString normal = file(Theme::IsDark() ? "dark" : "light");
-    QIcon& icon = icons[{normal, last}];
-    if (icon.isNull()) {
-        icon.addPixmap(read(normal));
-        if (last == QIcon::Selected) {
-            const QPixmap onDark = read(file("dark"));
-            icon.addPixmap(onDark, QIcon::Selected);
-            icon.addPixmap(onDark, QIcon::Active); // in the list that a chooser drops down
-        }
-    }
-    return icon;
+// Adds a picture in all its sizes, of which Qt draws the smallest that it need not enlarge. Left to
+// find the files by their "@2x" itself, it would enlarge the smallest one at 125 %.
+void addPicture(QIcon& icon, const QString& name, bool dark, QIcon::Mode mode) {
+    for (const char* scale : {"1x", "2x", "3x"})
+        icon.addFile(
+            QStringLiteral(":/icons/%1/%2/%3.png")
+                .arg(QLatin1StringView(dark ? "dark" : "light"), QLatin1StringView(scale), name),
+            QSize(), mode);
 }
 
 QIcon programIcon() {
     QIcon icon;
     for (const int side : {16, 24, 32, 48, 64, 128})
-        icon.addPixmap(read(QStringLiteral(":/icons/app/%1.png").arg(side)));
+        icon.addFile(QStringLiteral(":/icons/app/%1.png").arg(side));
     return icon;
 }
 
@@ -99,9 +78,14 @@ bool Theme::IsDark() {
 }
 
 QIcon Theme::Icon(const QString& name) {
-    return known(name, QIcon::Normal);
+    QIcon icon;
+    addPicture(icon, name, IsDark(), QIcon::Normal);
+    return icon;
 }
 
 QIcon Theme::RowIcon(const QString& name) {
-    return known(name, QIcon::Selected);
+    QIcon icon = Icon(name);
+    addPicture(icon, name, true, QIcon::Selected);
+    addPicture(icon, name, true, QIcon::Active); // in the list that a chooser drops down
+    return icon;
 }
