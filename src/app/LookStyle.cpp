@@ -1,51 +1,35 @@
 #include "app/LookStyle.h"
 
+#include "app/Theme.h"
+
+#include <QAbstractItemView>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleOption>
 
 namespace {
 
-constexpr int CheckBoxSide = 20;
-constexpr double CheckBoxRadius = 4;
-
-void drawCheckBox(const QStyleOption& option, QPainter& painter, const QColor& accent) {
-    const bool checked = option.state.testFlag(QStyle::State_On);
-    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
-    const QPalette& palette = option.palette;
-    const QRectF box = QRectF(option.rect).adjusted(1, 1, -1, -1);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QColor border = focused ? accent : palette.color(QPalette::PlaceholderText);
-    painter.setPen(QPen(border, focused ? 2 : 1));
-    painter.setBrush(palette.color(checked ? QPalette::Highlight : QPalette::Base));
-    painter.drawRoundedRect(box, CheckBoxRadius, CheckBoxRadius);
-    if (checked) {
-        const auto at = [&](double x, double y) {
-            return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
-        };
-        QPainterPath tick(at(0.22, 0.52));
-        tick.lineTo(at(0.42, 0.72));
-        tick.lineTo(at(0.78, 0.30));
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette.color(QPalette::HighlightedText), 2, Qt::SolidLine,
-                            Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPath(tick);
-    }
-    painter.restore();
-}
+constexpr int FocusWidth = 2;
 
 } // namespace
 
-LookStyle::LookStyle(const QColor& accent)
-    : QProxyStyle(QStringLiteral("Fusion"))
-    , m_accent(accent) {}
+LookStyle::LookStyle()
+    : QProxyStyle(QStringLiteral("Fusion")) {}
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
-    if (metric == PM_IndicatorWidth || metric == PM_IndicatorHeight)
-        return CheckBoxSide;
-    return QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return 20;
+    case PM_DefaultFrameWidth: // The rows of a list leave room for the frame of the focus.
+        return qobject_cast<const QAbstractItemView*>(widget) ? FocusWidth : 1;
+    case PM_HeaderMargin:
+        return Theme::Unit;
+    case PM_FocusFrameHMargin: // Lists put their texts one pixel further in.
+        return Theme::Unit - 1;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
 }
 
 int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -57,8 +41,23 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
-    if (element == PE_IndicatorCheckBox)
-        drawCheckBox(*option, *painter, m_accent);
-    else
+    const bool isRow = element == PE_FrameFocusRect;
+    if (!isRow)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+    else if (widget && !qobject_cast<const QAbstractItemView*>(widget))
+        return; // The control has its frame.
+    if (!isRow && element != PE_Frame && element != PE_FrameLineEdit &&
+        element != PE_PanelButtonCommand && element != PE_IndicatorCheckBox)
+        return;
+    const bool focused = option->state.testFlag(State_HasFocus);
+    const double width = focused ? FocusWidth : 1;
+    const double inside = width / 2;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(option->palette.color(focused ? QPalette::Link : QPalette::Mid), width));
+    painter->setBrush(Qt::NoBrush);
+    constexpr double radius = 2;
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(inside, inside, -inside, -inside),
+                             radius, radius);
+    painter->restore();
 }

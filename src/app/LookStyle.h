@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QColor>
 #include <QProxyStyle>
 
-/// The base style with what it lacks: check boxes that can be seen and hit on a dark screen as
-/// well, and message boxes whose buttons carry words only.
+/// The base style with what it lacks: borders that can be seen, in the palette's colour Mid; the
+/// control that has the focus framed in the colour Link, however the focus came to it; check boxes
+/// that can be hit; texts a unit from the edge of their list; and message boxes whose buttons carry
+/// words only.
 class LookStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
-    /// `accent` frames the control that has the focus.
-    explicit LookStyle(const QColor& accent);
+    LookStyle();
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
@@ -18,7 +18,4 @@ public:
                   QStyleHintReturn* returnData) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
-
-private:
-    QColor m_accent;
 };
