@@ -30,6 +30,7 @@ TileButton::TileButton(const QString& name, const QString& icon, const QString& 
     setAccessibleName(caption);
     setAccessibleDescription(toolTip);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -53,8 +54,8 @@ void TileButton::paintEvent(QPaintEvent*) {
     const QColor face = palette().color(QPalette::Button);
     const double tint = isDown() ? 0.30 : underMouse() ? 0.12 : 0.0;
     const QRectF box = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    const QColor border = hasFocus() ? Theme::Accent : palette().color(QPalette::Mid);
-    painter.setPen(QPen(border, hasFocus() ? 3 : 1));
+    painter.setPen(
+        QPen(palette().color(hasFocus() ? QPalette::Link : QPalette::Mid), hasFocus() ? 3 : 1));
     painter.setBrush(mixed(face, Theme::Accent, tint));
     painter.drawRoundedRect(box, Radius, Radius);
 
@@ -80,12 +81,4 @@ void TileButton::keyPressEvent(QKeyEvent* event) {
         click();
     else
         QAbstractButton::keyPressEvent(event);
-}
-
-void TileButton::enterEvent(QEnterEvent*) {
-    update();
-}
-
-void TileButton::leaveEvent(QEvent*) {
-    update();
 }
