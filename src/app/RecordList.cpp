@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 RecordList::RecordList(const QString& name, const QStringList& columns, QWidget* parent)
     : QTreeWidget(parent) {
     setObjectName(name);
@@ -19,14 +21,23 @@ RecordList::RecordList(const QString& name, const QStringList& columns, QWidget*
     // A press of Tab leaves the list, it does not walk through it.
     setTabKeyNavigation(false);
     setIconSize(QSize(Theme::ButtonIcon, Theme::ButtonIcon));
+    header()->setFixedHeight(rowHeight());
+    int widestHead = 0;
+    for (int column = 0; column < columnCount(); ++column)
+        widestHead = std::max(widestHead, header()->sectionSizeHint(column));
+    header()->setMinimumSectionSize(widestHead);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(true);
+}
+
+int RecordList::rowHeight() const {
+    return std::max(4 * Theme::Unit, fontMetrics().height() + Theme::Unit);
 }
 
 QTreeWidgetItem* RecordList::AddRow(const QString& key, const QStringList& texts) {
     auto* row = new QTreeWidgetItem(this, texts);
     row->setData(0, Qt::UserRole, key);
-    row->setSizeHint(0, QSize(0, 4 * Theme::Unit));
+    row->setSizeHint(0, QSize(0, rowHeight()));
     return row;
 }
 

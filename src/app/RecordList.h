@@ -2,7 +2,8 @@
 
 #include <QTreeWidget>
 
-/// A list of records, one row each, several columns, found again by the record's key.
+/// A list of records, one row each, several columns, found again by the record's key. Its head and
+/// its rows are equally high, its columns wide enough for any head.
 class RecordList : public QTreeWidget {
     Q_OBJECT
 
@@ -23,4 +24,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    int rowHeight() const;
 };

@@ -95,7 +95,6 @@ void frmViewResults::AddRow(const QString& position, const QString& teamName, co
     QTreeWidgetItem* row = lvResults->AddRow(QString(), {position, teamName, score, joker});
     row->setTextAlignment(ScoreColumn, Qt::AlignRight | Qt::AlignVCenter);
     row->setTextAlignment(JokerColumn, Qt::AlignCenter);
-    row->setSizeHint(0, QSize(0, fontMetrics().height() + Theme::Unit));
 }
 
 void frmViewResults::listPrinters() {
