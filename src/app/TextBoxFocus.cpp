@@ -9,6 +9,8 @@
 
 namespace {
 
+using TextBoxFocus::Colours;
+
 void colour(QLineEdit& box, const QColor& background) {
     QPalette palette = box.palette();
     palette.setColor(QPalette::Base, background);
@@ -19,58 +21,73 @@ void colour(QLineEdit& box, const QColor& background) {
     box.setPalette(palette);
 }
 
-class Watcher : public QObject {
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        // No more than that: a box loses the focus in its own end, too.
-        auto* box = static_cast<QWidget*>(watched);
-        if (event->type() == QEvent::FocusIn) {
-            const auto reason = static_cast<QFocusEvent*>(event)->reason();
-            if (staysInBox(reason))
-                return false;
-            TextBoxFocus::Gained(box);
-            // The click that brought the focus would drop the selection again.
-            if (reason == Qt::MouseFocusReason)
-                QTimer::singleShot(0, box, [box] { TextBoxFocus::Gained(box); });
-        } else if (event->type() == QEvent::FocusOut) {
-            if (!staysInBox(static_cast<QFocusEvent*>(event)->reason()))
-                TextBoxFocus::Lost(box);
-        }
-        return false;
-    }
-
-private:
-    static bool staysInBox(Qt::FocusReason reason) {
-        return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
-    }
-};
-
-} // namespace
-
-void TextBoxFocus::Gained(QWidget* control) {
+void gained(QWidget* control, Colours colours) {
     auto* box = qobject_cast<QLineEdit*>(control);
     if (!box)
         return;
     // Selected from the end, so that the caret stands at the start.
     const auto length = static_cast<int>(box->text().size());
     box->setSelection(length, -length);
-    colour(*box, Theme::Accent);
+    if (colours == Colours::BlueAndWhite)
+        colour(*box, Theme::Accent);
 }
 
-void TextBoxFocus::Lost(QWidget* control) {
+void lost(QWidget* control, Colours colours) {
     auto* box = qobject_cast<QLineEdit*>(control);
     if (!box)
         return;
     if (box->text().contains(u'\''))
         box->setText(box->text().remove(u'\''));
-    colour(*box, Qt::white);
+    if (colours == Colours::BlueAndWhite)
+        colour(*box, Qt::white);
 }
 
-void TextBoxFocus::Attach(QWidget* textBox) {
-    if (auto* box = qobject_cast<QLineEdit*>(textBox)) {
-        colour(*box, Qt::white);
-        box->installEventFilter(new Watcher(box));
+class Watcher : public QObject {
+public:
+    Watcher(QWidget& box, Colours colours)
+        : QObject(&box)
+        , m_colours(colours) {
+        box.installEventFilter(this);
     }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool enters = event->type() == QEvent::FocusIn;
+        if (!enters && event->type() != QEvent::FocusOut)
+            return false;
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason)
+            return false; // The entry goes on.
+        // No more than that: a box loses the focus in its own end, too.
+        auto* box = static_cast<QWidget*>(watched);
+        if (!enters)
+            lost(box, m_colours);
+        else
+            gained(box, m_colours);
+        // The click that brought the focus would drop the selection again.
+        if (enters && reason == Qt::MouseFocusReason)
+            QTimer::singleShot(0, box, [this, box] { gained(box, m_colours); });
+        return false;
+    }
+
+private:
+    Colours m_colours;
+};
+
+} // namespace
+
+void TextBoxFocus::Gained(QWidget* control) {
+    gained(control, Colours::BlueAndWhite);
+}
+
+void TextBoxFocus::Lost(QWidget* control) {
+    lost(control, Colours::BlueAndWhite);
+}
+
+void TextBoxFocus::Attach(QWidget* textBox, Colours colours) {
+    auto* box = qobject_cast<QLineEdit*>(textBox);
+    if (!box)
+        return;
+    if (colours == Colours::BlueAndWhite)
+        colour(*box, Qt::white);
+    new Watcher(*box, colours);
 }

@@ -13,8 +13,11 @@ void Gained(QWidget* control);
 /// is not a text box.
 void Lost(QWidget* control);
 
+/// Blue and white, as above, or the colours that the box has without them.
+enum class Colours { BlueAndWhite, Palette };
+
 /// Runs both routines whenever the text box is entered and left. Leaving it for another program or
 /// for a message box is not leaving it.
-void Attach(QWidget* textBox);
+void Attach(QWidget* textBox, Colours colours = Colours::BlueAndWhite);
 
 } // namespace TextBoxFocus
