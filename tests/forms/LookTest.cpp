@@ -7,12 +7,15 @@
 #include "forms/frmEntry.h"
 #include "forms/frmMain.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
+
+#include <cmath>
 
 namespace {
 
@@ -51,66 +54,125 @@ QSize neededBy(const QWidget& control) {
     const auto* box = qobject_cast<const QLineEdit*>(&control);
     if (label && label->wordWrap())
         return {0, label->heightForWidth(label->width())};
-    if (box && !box->isReadOnly()) // It scrolls.
-        return {0, box->fontMetrics().height()};
-    if (box)
+    if (box && box->isReadOnly())
         return box->fontMetrics().size(0, box->text());
-    if ((label && !label->text().isEmpty()) || qobject_cast<const QAbstractButton*>(&control) ||
-        qobject_cast<const QComboBox*>(&control))
-        return control.sizeHint();
-    return {0, 0};
+    return control.minimumSizeHint();
 }
 
 bool hasRoom(const QWidget& screen, const QWidget& control) {
     const QSize needed = neededBy(control);
-    const QSize given = control.contentsRect().size();
-    bool fits = needed.width() <= given.width() && needed.height() <= given.height() &&
+    bool fits = needed.width() <= control.width() && needed.height() <= control.height() &&
                 screen.rect().contains({control.mapTo(&screen, QPoint()), control.size()});
-    if (const auto* list = qobject_cast<const QTreeWidget*>(&control))
-        for (int column = 0; column < list->columnCount(); ++column)
-            fits = fits &&
-                   (list->isColumnHidden(column) ||
-                    list->header()->sectionSizeHint(column) <= list->header()->sectionSize(column));
+    const auto* list = qobject_cast<const QTreeWidget*>(&control);
+    for (int column = 0; list && column < list->columnCount(); ++column)
+        fits = fits && (list->isColumnHidden(column) || list->header()->sectionSizeHint(column) <=
+                                                            list->header()->sectionSize(column));
+    for (int row = 0; list && row < list->topLevelItemCount(); ++row) {
+        const int height = list->visualItemRect(list->topLevelItem(row)).height();
+        fits = fits && height == list->header()->height() && height > list->fontMetrics().height();
+    }
     return fits;
 }
 
 bool isReadable(const QWidget& control) {
     using P = QPalette;
-    QList<std::pair<P::ColorRole, P::ColorRole>> pairs{{P::Text, P::Base},
-                                                       {P::HighlightedText, P::Highlight},
-                                                       {P::WindowText, P::Window},
-                                                       {P::ButtonText, P::Button},
-                                                       {P::PlaceholderText, P::Button},
-                                                       {P::ToolTipText, P::ToolTipBase}};
-    if (qobject_cast<const QTreeWidget*>(&control))
-        pairs.append({P::Text, P::AlternateBase});
+    constexpr P::ColorRole pairs[][2]{
+        {P::Text, P::Base},         {P::HighlightedText, P::Highlight},
+        {P::WindowText, P::Window}, {P::WindowText, P::AlternateBase},
+        {P::ButtonText, P::Button}, {P::PlaceholderText, P::Button},
+        {P::Link, P::Window},       {P::ToolTipText, P::ToolTipBase}};
+    const P palette = control.palette();
     for (const auto& [text, back] : pairs)
         for (const P::ColorGroup group : {P::Active, P::Inactive, P::Disabled})
-            if (ContrastRatio(control.palette().color(group, text),
-                              control.palette().color(group, back)) < 4.5)
+            if (ContrastRatio(palette.color(group, text), palette.color(group, back)) < 4.5)
                 return false;
     return true;
 }
 
+// What is painted in a place of a control and around it.
+QImage paintedAt(const QWidget& control, int x, int y, int width, int height) {
+    const QPoint corner = control.mapTo(control.window(), QPoint(x, y));
+    return control.window()->grab({corner, QSize(width, height)}).toImage();
+}
+
+// The pixels half-way down a control's left side, from outside to inside.
+QImage edgeOf(const QWidget& control) {
+    return paintedAt(control, -2, control.height() / 2, 6, 1);
+}
+
+bool canBeTold(const QImage& a, const QImage& b) {
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (ContrastRatio(a.pixelColor(x, y), b.pixelColor(x, y)) >= 3)
+                return true;
+    return false;
+}
+
+bool hasBorder(const QWidget& control) {
+    const QImage edge = edgeOf(control);
+    return canBeTold(edge, edge.copy(0, 0, 1, 1).scaled(edge.size()));
+}
+
+// The tick of a box that is large enough to be hit reaches so far to the right.
+bool showsItsTick(QCheckBox& box) {
+    const auto end = [&] { return paintedAt(box, 14, 0, 6, box.height()); };
+    const QImage before = end();
+    box.toggle();
+    const QImage after = end();
+    box.toggle();
+    return canBeTold(before, after);
+}
+
 bool tellsItsPurpose(QWidget& control) {
     QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&control);
-    const auto* button = qobject_cast<const QAbstractButton*>(&control);
     if (!access || access->role() == QAccessible::NoRole)
         return false;
-    if (button && !button->icon().isNull() &&
-        (button->toolTip().isEmpty() || button->accessibleName().isEmpty() ||
-         button->icon().pixmap(button->iconSize(), control.devicePixelRatio()).isNull()))
-        return false;
+    const auto* button = qobject_cast<const QAbstractButton*>(&control);
+    if (button && !qobject_cast<const QPushButton*>(button) &&
+        !qobject_cast<const QCheckBox*>(button)) {
+        const double ratio = control.devicePixelRatioF();
+        const QPixmap picture = button->icon().pixmap(button->iconSize(), ratio);
+        if (picture.size() != button->iconSize() * ratio || button->toolTip().isEmpty())
+            return false;
+    }
     const bool isOperated =
         (control.focusPolicy() & Qt::TabFocus) || qobject_cast<QLineEdit*>(&control);
     return !isOperated || !access->text(QAccessible::Name).isEmpty();
 }
 
-// The controls that Tab visits, from the one that has the focus at first.
-QStringList tabOrder() {
+// A picture from the one file that suits the screen: not enlarged, and no larger than need be.
+QIcon exact(const char* set, const char* name, QIcon::Mode mode = QIcon::Normal) {
+    QIcon icon;
+    icon.addFile(QStringLiteral(":/icons/%1/%2x/%3.png")
+                     .arg(set)
+                     .arg(std::ceil(qApp->devicePixelRatio()))
+                     .arg(name),
+                 QSize(), mode);
+    return icon;
+}
+
+// Whether a control paints what it would paint with that picture, and not with none.
+template <typename Setter>
+bool paints(QWidget& control, const QIcon& picture, Setter&& set) {
+    const QImage painted = control.grab().toImage();
+    set(QIcon());
+    const QImage without = control.grab().toImage();
+    set(picture);
+    return control.grab().toImage() == painted && painted != without;
+}
+
+// The controls that Tab visits, from the one that has the focus at first. Those that look the same
+// without it are faults.
+QStringList tabOrder(QStringList& faults) {
     QStringList names;
     while (!names.contains(QApplication::focusWidget()->objectName())) {
-        names.append(QApplication::focusWidget()->objectName());
+        QWidget& control = *QApplication::focusWidget();
+        const QImage focused = edgeOf(control);
+        control.clearFocus();
+        names.append(control.objectName());
+        if (!canBeTold(focused, edgeOf(control)))
+            faults.append(names.last() + " hides that it has the focus");
+        control.setFocus();
         Press(Qt::Key_Tab);
     }
     return names;
@@ -128,13 +190,11 @@ private slots:
         WriteFile(quiz.Path("JOKER.BMP"), "");
         QStringList faults;
         for (const bool isDark : {false, true}) {
-            QApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));
-            Theme::Apply(*qApp);
-            QCOMPARE(Theme::IsDark(), isDark);
+            applyLook(isDark);
             for (const auto& [make, order] : Screens) {
                 const std::unique_ptr<QWidget> screen = make();
                 ShowScreen(*screen);
-                const QStringList visited = tabOrder();
+                const QStringList visited = tabOrder(faults);
                 QCOMPARE(visited.join(u' '), order);
                 for (const bool isSmallest : {false, true}) {
                     if (isSmallest)
@@ -148,7 +208,44 @@ private slots:
         QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n')));
     }
 
+    void picturesAreSharp() {
+        const Quiz quiz;
+        for (const bool isDark : {false, true}) {
+            applyLook(isDark);
+            const char* look = isDark ? "dark" : "light";
+            QVERIFY(QApplication::windowIcon().availableSizes().contains(QSize(128, 128)));
+            const auto console = std::make_unique<frmMain>();
+            auto& tile = Control<QAbstractButton>(*console, "cmdExit");
+            QVERIFY(paints(tile, exact(look, "exit"), [&](auto i) { tile.setIcon(i); }));
+
+            const auto results = ResultScreen();
+            ShowScreen(*results);
+            auto& list = Control<QTreeWidget>(*results, "lvTeams");
+            auto& chooser = Control<QComboBox>(*results, "cboRounds");
+            ClickRow(list, 0);
+            chooser.showPopup();
+            // What is selected is dark in either look.
+            const QIcon rows[] = {exact("dark", "entered", QIcon::Selected), exact(look, "entered"),
+                                  exact(look, "not-entered")};
+            for (int row = 0; row < 3; ++row)
+                QVERIFY(paints(list, rows[row],
+                               [&](auto i) { list.topLevelItem(row)->setIcon(0, i); }));
+            QVERIFY(paints(*chooser.view(), exact("dark", "round", QIcon::Active),
+                           [&](auto i) { chooser.setItemIcon(0, i); }));
+            chooser.hidePopup();
+        }
+    }
+
 private:
+    // As on a desktop of such a palette, once with letters that are small, once with large ones.
+    static void applyLook(bool isDark) {
+        QApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));
+        QApplication::setFont(QFont(QStringLiteral("Arial"), isDark ? 18 : 8));
+        Theme::Apply(*qApp);
+        QCOMPARE(Theme::IsDark(), isDark);
+        QCOMPARE(QApplication::font().pointSize(), isDark ? 18 : 11);
+    }
+
     static void check(const QWidget& screen, QWidget& control, const QStringList& visited,
                       QStringList& faults) {
         const QString name = control.objectName();
@@ -165,6 +262,10 @@ private:
         const bool isByKey = control.focusPolicy() & Qt::TabFocus;
         expect(!isButton || isByKey, "wants a mouse");
         expect(!isByKey || !control.isEnabled() || visited.contains(name), "is passed by Tab");
+        const bool isBox = isByKey || qobject_cast<QLineEdit*>(&control);
+        expect(!isBox || hasBorder(control), "has no border");
+        auto* tick = qobject_cast<QCheckBox*>(&control);
+        expect(!tick || showsItsTick(*tick), "does not show its tick");
         // A patch of colour on the options screen holds no text.
         const auto* label = qobject_cast<QLabel*>(&control);
         expect((label && label->text().isEmpty()) || isReadable(control), "is hard to read");
