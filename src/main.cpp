@@ -50,7 +50,8 @@ int main(int argc, char** argv) {
 
     const std::unique_ptr<frmMain> console = Main();
     if (!console) {
-        const QString reason = AppLog().Description().simplified();
+        // One line; a path in it may hold several blanks in a row.
+        const QString reason = AppLog().Description().trimmed().replace(u'\n', u' ');
         std::fprintf(stderr, "%s: %s\n", ProductInfo::Name, qUtf8Printable(reason));
         // With debug messages on, the log has shown it already.
         if (!IsStandardErrorRead() && modCommon::AppSettings().DebugMode != u"1")

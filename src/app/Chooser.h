@@ -8,8 +8,18 @@ class Chooser : public QComboBox {
     Q_OBJECT
 
 public:
-    using QComboBox::QComboBox;
+    Chooser();
+
+    void showPopup() override;
+    void hidePopup() override;
+
+signals:
+    /// An entry was picked in the open list, not stepped to in the closed one.
+    void picked();
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool m_isOpen = false;
 };

@@ -36,6 +36,6 @@ void ConnectDesktop() {
             ShowErrorBox(text);
     };
     AppUtilities().OpenDocument = [](const QString& path) {
-        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
     };
 }

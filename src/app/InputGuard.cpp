@@ -18,6 +18,10 @@ namespace {
 constexpr int ReleaseMilliseconds = 5;
 
 bool isGuarded(int key) {
+    if (key == Qt::Key_Up || key == Qt::Key_Down) {
+        const QWidget* window = QApplication::activeWindow();
+        return window && window->property(HeldArrowsCountOnce).toBool();
+    }
     const bool isText = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape ||
            (key == Qt::Key_Space && !isText);

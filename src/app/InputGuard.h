@@ -12,3 +12,6 @@ void InstallInputGuard(QApplication& application);
 
 /// The dynamic property, true, of a button whose every click counts, however fast they come.
 inline constexpr const char* EveryClickCounts = "EveryClickCounts";
+
+/// The dynamic property, true, of a window in which Up and Down, held down, count once as well.
+inline constexpr const char* HeldArrowsCountOnce = "HeldArrowsCountOnce";

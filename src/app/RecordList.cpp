@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -71,4 +72,29 @@ void RecordList::keyPressEvent(QKeyEvent* event) {
         currentItem()->setSelected(true);
     else
         QTreeWidget::keyPressEvent(event);
+}
+
+void RecordList::SetEmptyText(const QString& text) {
+    m_emptyText = text;
+    setAccessibleDescription(text);
+}
+
+// A click below the rows means none of them, and changes nothing.
+void RecordList::mousePressEvent(QMouseEvent* event) {
+    if (itemAt(event->pos()))
+        QTreeWidget::mousePressEvent(event);
+}
+
+void RecordList::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QTreeWidget::mouseDoubleClickEvent(event);
+}
+
+void RecordList::paintEvent(QPaintEvent* event) {
+    QTreeWidget::paintEvent(event);
+    if (!IsEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
 }

@@ -20,10 +20,18 @@ public:
     QList<QTreeWidgetItem*> Rows() const;
     /// The row of the record with the key; null when there is none.
     QTreeWidgetItem* RowOf(const QString& key) const;
+    /// What an empty list says in its place of the rows.
+    void SetEmptyText(const QString& text);
     bool IsEmpty() const { return topLevelItemCount() == 0; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_emptyText;
 
 private:
     int rowHeight() const;

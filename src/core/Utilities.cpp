@@ -75,9 +75,10 @@ QString Utilities::ReturnTempPath() {
 
 bool Utilities::OpenFile(const QString& path) {
     return Guarded("OpenFile", Component, false, [&] {
+        m_wasTaken = false;
         if (!FileExists(path) || !OpenDocument)
             return false;
-        OpenDocument(path);
+        m_wasTaken = OpenDocument(path);
         return true;
     });
 }

@@ -33,8 +33,11 @@ public:
     /// Asks the desktop to open a file with its program for it. True for an existing file, whatever
     /// the desktop then does.
     bool OpenFile(const QString& path);
-    /// How OpenFile asks the desktop; the desktop sets it, without one nothing opens.
-    std::function<void(const QString& path)> OpenDocument;
+    /// Whether the desktop had a program for the file that OpenFile was last asked for.
+    bool WasTaken() const { return m_wasTaken; }
+    /// How OpenFile asks the desktop, which answers whether it has a program for the file; the
+    /// desktop sets it, without one nothing opens.
+    std::function<bool(const QString& path)> OpenDocument;
 
     // In reserve: nothing in the program calls what follows. It completes the library for those
     // who build on it; the code is in UtilitiesInReserve.cpp, and each has its row in
@@ -79,6 +82,7 @@ public:
 
 private:
     qint32 m_keyCounter = 0;
+    bool m_wasTaken = false;
 };
 
 /// The one instance, alive until the process ends.

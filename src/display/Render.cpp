@@ -1,7 +1,6 @@
 #include "display/Render.h"
 
 #include "app/Desktop.h"
-#include "app/WindowTitle.h"
 #include "core/AppPaths.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
@@ -77,7 +76,7 @@ bool Render::RenderResults(frmSummary& screen, const SummaryList& list, const QS
         // A box about an error must not open behind the board.
         const ErrorBoxesOver here(screen);
         m_board = &screen;
-        SetWindowTitle(screen, heading);
+        screen.SetHeading(heading);
         QPalette palette = screen.palette();
         palette.setColor(QPalette::Window, ColorOf(m_settings.BackGround));
         screen.setPalette(palette);

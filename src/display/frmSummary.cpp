@@ -1,5 +1,6 @@
 #include "display/frmSummary.h"
 
+#include "app/WindowTitle.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
 #include "core/RuntimeError.h"
@@ -45,6 +46,11 @@ frmSummary::frmSummary(const QWidget* console, Use use)
         if (removed == this->screen())
             close();
     });
+}
+
+void frmSummary::SetHeading(const QString& heading) {
+    m_heading = heading;
+    SetWindowTitle(*this, heading);
 }
 
 void frmSummary::Build(std::function<void()> build) {

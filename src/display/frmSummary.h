@@ -29,6 +29,10 @@ public:
     /// hidden, and those revealed that were. `build` puts one page on the board.
     void Build(std::function<void()> build);
 
+    /// What the board shows, as its heading and its window say it.
+    const QString& Heading() const { return m_heading; }
+    void SetHeading(const QString& heading);
+
     /// Shows the board without waiting for it, and lets it reach its final size.
     void ShowBoard();
 
@@ -79,6 +83,7 @@ private:
     void buildForThisSize();
 
     const Use m_use;
+    QString m_heading;
     ScreenAwake m_awake;
     std::function<void()> m_build;
     bool m_isBuilding = false;

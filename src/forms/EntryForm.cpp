@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 
 EntryForm::EntryForm(const Texts& texts, const Records& records, QWidget* parent)
     : QDialog(parent)
@@ -25,7 +26,8 @@ EntryForm::EntryForm(const Texts& texts, const Records& records, QWidget* parent
     build();
     connect(m_list, &RecordList::itemClicked, this, &EntryForm::copyNameToBox);
     connect(m_list, &RecordList::itemSelectionChanged, this, &EntryForm::copyNameToBox);
-    new KeyPreview(this, KeyPreview::Releases::Pass, [this](int key) { return onKey(key); });
+    new KeyPreview(this, KeyPreview::Releases::Pass,
+                   [this](int key, const QKeyEvent&) { return onKey(key); });
 }
 
 void EntryForm::build() {
@@ -37,6 +39,9 @@ void EntryForm::build() {
     m_box->setObjectName(m_texts.box);
     m_box->setAccessibleName(m_texts.labelCaption);
     m_box->setMinimumHeight(5 * Theme::Unit);
+    m_box->setMinimumWidth(20 * m_box->fontMetrics().averageCharWidth());
+    connect(m_box, &QLineEdit::textEdited, this, &EntryForm::takeLines);
+    m_list->SetEmptyText(m_texts.emptyText);
     TextBoxFocus::Attach(m_box);
 
     auto* entry = new QHBoxLayout(frame);
@@ -165,6 +170,39 @@ bool EntryForm::remove(const QString& key) {
                       QMessageBox::Ok, QMessageBox::Cancel);
     if (answer == QMessageBox::Ok && !m_records.remove(key))
         return false;
-    delete m_list->SelectedRow();
+    // Nothing is selected and nothing stands in the box by itself: the next Enter adds nothing.
+    QTreeWidgetItem* row = m_list->SelectedRow();
+    const bool held = row && m_box->text() == row->text(nameColumn());
+    const QSignalBlocker quiet(m_list);
+    delete row;
+    m_list->setCurrentItem(nullptr);
+    if (held)
+        m_box->clear();
+    m_box->setFocus();
     return true;
+}
+
+// A pasted text may hold line ends and tabs. One line becomes one name; each of several lines that
+// is not blank, such as a column of a spreadsheet, is added as a record of its own.
+void EntryForm::takeLines(const QString& text) {
+    static const QRegularExpression breaks(QStringLiteral("[\\r\\n\\f\\v\\x{2028}\\x{2029}]+"));
+    static const QRegularExpression tabs(QStringLiteral("^\\t+|\\t+$"));
+    if (!text.contains(breaks) && !text.contains(u'\t'))
+        return;
+    QStringList names;
+    for (QString line : text.split(breaks)) {
+        line.remove(tabs).replace(u'\t', u' ');
+        if (!line.trimmed().isEmpty())
+            names.append(line);
+    }
+    if (names.size() <= 1) {
+        m_box->setText(names.value(0));
+        return;
+    }
+    for (const QString& name : names) {
+        m_box->setText(name);
+        if (!tellWhenFailed(save(Add, QString())))
+            return; // with the name that was refused in the box
+    }
+    m_box->clear();
 }

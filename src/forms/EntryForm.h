@@ -35,7 +35,8 @@ public:
         QString label, labelCaption, box;
         QString addTip, editTip, deleteTip;
         QString deleteQuestion;
-        bool enterAdds; ///< Enter adds what is typed, unless it is blank
+        QString emptyText; ///< what an empty list says
+        bool enterAdds;    ///< Enter adds what is typed, unless it is blank
     };
 
     /// Fills the list from the database. False when the records cannot be read; the list then
@@ -52,6 +53,9 @@ protected:
     /// there again when the screen is opened anew. False when the data operation failed.
     bool save(qint32 action, const QString& key);
 
+    /// Puts the selected row's name into the box.
+    void copyNameToBox();
+
     RecordList& list() const { return *m_list; }
     QHBoxLayout& buttons() const { return *m_buttons; }
 
@@ -64,7 +68,7 @@ private:
     bool add();
     bool rename(const QString& key);
     bool remove(const QString& key);
-    void copyNameToBox();
+    void takeLines(const QString& text);
     QString selectedKey() const;
     bool tellWhenFailed(bool done);
     int nameColumn() const;

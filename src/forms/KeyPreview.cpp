@@ -6,7 +6,7 @@
 
 #include <utility>
 
-KeyPreview::KeyPreview(QWidget* screen, Releases releases, std::function<bool(int key)> onKey)
+KeyPreview::KeyPreview(QWidget* screen, Releases releases, OnKey onKey)
     : QObject(screen)
     , m_screen(screen)
     , m_releases(releases)
@@ -45,14 +45,14 @@ bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
 bool KeyPreview::onPress(QWidget* focused, const QKeyEvent& event) {
     QWidget* popup = QApplication::activePopupWidget();
     const bool closedPopup = std::exchange(m_popupKey, std::nullopt) == event.key() && !popup;
-    // Esc and Enter belong to a list that has dropped down.
-    const bool isPlain = event.key() < Qt::Key_F1 || event.key() > Qt::Key_F35;
-    if (popup && isPlain)
+    // All other keys belong to a list that has dropped down.
+    const bool isCommand = event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F8;
+    if (popup && !isCommand)
         return false;
     if (popup)
         popup->close();
     const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (closedPopup || m_onKey(isEnter ? Qt::Key_Return : event.key()))
+    if (closedPopup || m_onKey(isEnter ? Qt::Key_Return : event.key(), event))
         return true;
     auto* button = qobject_cast<QAbstractButton*>(focused);
     if (m_releases == Releases::Swallow && button && event.key() == Qt::Key_Space) {

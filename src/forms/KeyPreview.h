@@ -16,9 +16,11 @@ class KeyPreview : public QObject {
 public:
     enum class Releases { Pass, Swallow };
 
-    /// `onKey` gets the key code, Key_Return for either Enter, and answers true when the key goes
-    /// no further.
-    KeyPreview(QWidget* screen, Releases releases, std::function<bool(int key)> onKey);
+    /// Gets the key code, both keys of Enter as Key_Return, and the whole event. True when the key
+    /// goes no further.
+    using OnKey = std::function<bool(int key, const QKeyEvent& event)>;
+
+    KeyPreview(QWidget* screen, Releases releases, OnKey onKey);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -28,7 +30,7 @@ private:
 
     QWidget* m_screen;
     Releases m_releases;
-    std::function<bool(int key)> m_onKey;
+    OnKey m_onKey;
     /// The last key that was announced to a list that had dropped down.
     std::optional<int> m_popupKey;
 };

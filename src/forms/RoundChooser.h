@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QComboBox>
+#include "app/Chooser.h"
 
 struct Round;
 
 /// The rounds of the quiz in a list that drops down, one item each, found again by its key.
-class RoundChooser : public QComboBox {
+class RoundChooser : public Chooser {
     Q_OBJECT
 
 public:

@@ -1,5 +1,7 @@
 #include "forms/frmEntry.h"
 
+#include "app/ElidedLabel.h"
+#include "app/InputGuard.h"
 #include "app/Messages.h"
 #include "app/TextBoxFocus.h"
 #include "app/Theme.h"
@@ -23,20 +25,31 @@ QPushButton* button(const QString& name, const QString& caption) {
     return control;
 }
 
-} // namespace
-
-frmEntry::frmEntry(QWidget* parent, const QString& team, qint32 score, bool joker)
-    : QDialog(parent)
-    , m_score(new QLineEdit(QString::number(score)))
-    , m_joker(new QCheckBox(QStringLiteral("Joker"))) {
-    setObjectName(QStringLiteral("frmEntry"));
-    SetWindowTitle(*this, team);
-    m_joker->setChecked(joker);
-    build();
-    new KeyPreview(this, KeyPreview::Releases::Swallow, [this](int key) { return onKey(key); });
+// As wide as the dialog, whatever its text.
+QLabel* line(const char* name, const QString& text, const QFont& font) {
+    auto* label = new ElidedLabel(text);
+    label->setObjectName(QLatin1StringView(name));
+    label->setTextFormat(Qt::PlainText);
+    label->setFont(font);
+    return label;
 }
 
-void frmEntry::build() {
+} // namespace
+
+frmEntry::frmEntry(QWidget* parent, const ScoreEntry& entry)
+    : QDialog(parent)
+    , m_score(new QLineEdit(QString::number(entry.Score)))
+    , m_joker(new QCheckBox(QStringLiteral("Joker"))) {
+    setObjectName(QStringLiteral("frmEntry"));
+    SetWindowTitle(*this, entry.Team);
+    setProperty(HeldArrowsCountOnce, true); // else a held key would run down the whole list
+    m_joker->setChecked(entry.Joker);
+    build(entry);
+    new KeyPreview(this, KeyPreview::Releases::Swallow,
+                   [this](int key, const QKeyEvent&) { return onKey(key); });
+}
+
+void frmEntry::build(const ScoreEntry& entry) {
     QFont arial = font();
     arial.setFamily(QStringLiteral("Arial"));
     setFont(arial);
@@ -53,19 +66,34 @@ void frmEntry::build() {
     m_score->setMinimumWidth(QFontMetrics(big).horizontalAdvance(u'8') * 6);
     TextBoxFocus::Attach(m_score);
     m_joker->setObjectName(QStringLiteral("chkJoker"));
+    QFont large = arial;
+    large.setPointSizeF(1.8 * arial.pointSizeF());
+    auto* team = line("lblTeam", entry.Team, large);
+    auto* round = line("lblRound", entry.Round, arial);
+    round->setForegroundRole(QPalette::PlaceholderText);
+    auto* jokers =
+        line("lblJokers",
+             entry.JokerRounds.isEmpty() ? QString()
+                                         : QStringLiteral("Joker played in: ") +
+                                               entry.JokerRounds.join(QStringLiteral(", ")),
+             arial);
+    jokers->setForegroundRole(QPalette::PlaceholderText);
     auto* ok = button(QStringLiteral("cmdOK"), QStringLiteral("OK"));
     auto* cancel = button(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit);
     layout->setSpacing(2 * Theme::Unit);
-    layout->addWidget(label, 0, 0);
-    layout->addWidget(m_score, 0, 1, 1, 2);
-    layout->addWidget(m_joker, 1, 1, 1, 2);
-    layout->addWidget(ok, 2, 1);
-    layout->addWidget(cancel, 2, 2);
+    layout->addWidget(team, 0, 0, 1, 3);
+    layout->addWidget(round, 1, 0, 1, 3);
+    layout->addWidget(label, 2, 0);
+    layout->addWidget(m_score, 2, 1, 1, 2);
+    layout->addWidget(m_joker, 3, 0);
+    layout->addWidget(jokers, 3, 1, 1, 2);
+    layout->addWidget(ok, 4, 1);
+    layout->addWidget(cancel, 4, 2);
 
-    connect(ok, &QPushButton::clicked, this, &frmEntry::confirm);
+    connect(ok, &QPushButton::clicked, this, [this] { confirm(0); });
     connect(cancel, &QPushButton::clicked, this, &frmEntry::reject);
     m_score->setFocus();
 }
@@ -84,7 +112,11 @@ QString frmEntry::Answer() const {
 
 bool frmEntry::onKey(int key) {
     if (key == Qt::Key_Return)
-        confirm();
+        confirm(0);
+    else if (key == Qt::Key_Down)
+        confirm(1);
+    else if (key == Qt::Key_Up)
+        confirm(-1);
     else if (key == Qt::Key_Escape)
         reject();
     else
@@ -92,10 +124,14 @@ bool frmEntry::onKey(int key) {
     return true;
 }
 
-void frmEntry::confirm() {
-    if (ParseNumber(m_score->text()))
+void frmEntry::confirm(int step) {
+    if (ParseNumber(m_score->text())) {
+        m_step = step;
         accept();
-    else
-        Messages::Inform(this, QStringLiteral("Score must be a numeric value"),
-                         QStringLiteral("Rankelo Error"));
+        return;
+    }
+    Messages::Inform(this, QStringLiteral("Score must be a numeric value"),
+                     QStringLiteral("Rankelo Error"));
+    m_score->setFocus();
+    TextBoxFocus::Gained(m_score); // to be typed over
 }

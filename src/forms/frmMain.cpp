@@ -1,5 +1,6 @@
 #include "forms/frmMain.h"
 
+#include "app/ElidedLabel.h"
 #include "app/Messages.h"
 #include "app/Theme.h"
 #include "app/TileButton.h"
@@ -8,11 +9,14 @@
 #include "core/Guard.h"
 #include "core/ProductInfo.h"
 #include "core/Utilities.h"
+#include "data/QuizState.h"
 #include "data/Round.h"
+#include "display/frmSummary.h"
 #include "forms/KeyPreview.h"
 #include "forms/RoundChooser.h"
 #include "forms/modForms.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -69,10 +73,12 @@ QString numberedName(const Round& round) {
 
 frmMain::frmMain()
     : m_rounds(new RoundChooser)
-    , m_showAll(new QCheckBox(QStringLiteral("Show All Rankings"))) {
+    , m_showAll(new QCheckBox(QStringLiteral("Show All Rankings")))
+    , m_status(new ElidedLabel) {
     setObjectName(QStringLiteral("frmMain"));
     build();
-    new KeyPreview(this, KeyPreview::Releases::Swallow, [this](int key) { return onKey(key); });
+    new KeyPreview(this, KeyPreview::Releases::Swallow,
+                   [this](int key, const QKeyEvent& event) { return onKey(key, event); });
     ListRounds(NoPreference);
     setWindowTitle(
         QStringLiteral("%1 - [%2]")
@@ -113,7 +119,64 @@ void frmMain::build() {
     }
     grid->setRowStretch(firstTileRow, 1);
     grid->setRowStretch(firstTileRow + 1, 1);
+    grid->addLayout(makeFoot(), firstTileRow + 2, 0, 1, grid->columnCount());
     m_rounds->setFocus();
+}
+
+QLayout* frmMain::makeFoot() {
+    auto* foot = new QHBoxLayout;
+    m_status->setObjectName(QStringLiteral("lblStatus"));
+    m_status->setTextFormat(Qt::PlainText);
+    auto* guide = new QLabel(QStringLiteral("F1 user guide"));
+    guide->setObjectName(QStringLiteral("lblGuide"));
+    foot->addWidget(m_status, 1);
+    foot->addWidget(guide);
+    connect(m_rounds, &RoundChooser::currentIndexChanged, this, &frmMain::showStatus);
+    return foot;
+}
+
+// What the quiz waits for, or what stands on the wall.
+QString frmMain::status() const {
+    if (const frmSummary* board = modForms::OpenBoard()) {
+        QString text =
+            QStringLiteral("On the wall: %1 (3, 2, 1 reveal, Esc closes)").arg(board->Heading());
+        const auto [outside, fittingSize] = board->LinesOutside();
+        if (outside > 0)
+            text += QStringLiteral("; %1 teams do not fit, ").arg(outside) +
+                    (fittingSize > 0 ? QStringLiteral("%1 points would").arg(fittingSize)
+                                     : QStringLiteral("at no size"));
+        return text;
+    }
+    const auto quiz = CountQuiz(m_rounds->SelectedKey());
+    if (!quiz)
+        return {};
+    if (quiz->Rounds == 0)
+        return QStringLiteral("No rounds yet: press F2");
+    if (quiz->Teams == 0)
+        return QStringLiteral("No teams yet: press F3");
+    return QStringLiteral("Round %1 of %2: %3 of %4 results entered")
+        .arg(m_rounds->currentIndex() + 1)
+        .arg(quiz->Rounds)
+        .arg(quiz->Entered)
+        .arg(quiz->Teams);
+}
+
+void frmMain::showStatus() {
+    say(status());
+}
+
+void frmMain::say(const QString& text) {
+    if (text == m_status->text())
+        return;
+    m_status->setText(text);
+    QAccessibleEvent changed(m_status, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void frmMain::openGuide() {
+    const QString guide = Paths().AppPath + QStringLiteral("Rankelo.PDF");
+    if (!AppUtilities().OpenFile(guide) || !AppUtilities().WasTaken())
+        say(QStringLiteral("Nothing here opens the user guide. It lies in ") + guide);
 }
 
 void frmMain::ListRounds(qint32 selectPosition) {
@@ -124,6 +187,7 @@ void frmMain::listRounds(qint32 selectPosition) {
     m_rounds->Fill(numberedName);
     const int wanted = selectPosition == NoPreference ? 0 : std::max(selectPosition, 0) - 1;
     m_rounds->setCurrentIndex(wanted);
+    showStatus();
 }
 
 void frmMain::RunCommand(qint32 command) {
@@ -154,8 +218,8 @@ void frmMain::dispatch(qint32 command) {
         modForms::ViewResults(this, modForms::OverallInWindow, revealFrom(), QString());
         break;
     case UserGuide:
-        AppUtilities().OpenFile(Paths().AppPath + QStringLiteral("Rankelo.PDF"));
-        break;
+        openGuide();
+        return;
     case PreviousRound:
         step(-1);
         break;
@@ -166,8 +230,19 @@ void frmMain::dispatch(qint32 command) {
         askToExit();
         break;
     default:
-        break;
+        return;
     }
+    followBoard();
+    showStatus();
+}
+
+// The status says what stands on the wall from the moment the board is there until it closes.
+void frmMain::followBoard() {
+    const frmSummary* board = modForms::OpenBoard();
+    if (!board)
+        return;
+    connect(board, &frmSummary::built, this, &frmMain::showStatus, Qt::UniqueConnection);
+    connect(board, &QObject::destroyed, this, &frmMain::showStatus, Qt::UniqueConnection);
 }
 
 // 4 keeps places 1 to 3 hidden until the operator reveals them; 0 shows every line at once.
@@ -194,6 +269,7 @@ void frmMain::step(int by) {
     const int wanted = m_rounds->currentIndex() + by;
     if (wanted >= 0 && wanted < m_rounds->count())
         m_rounds->setCurrentIndex(wanted);
+    showStatus();
 }
 
 void frmMain::askToExit() {
@@ -204,7 +280,10 @@ void frmMain::askToExit() {
         modCommon::ExitApp();
 }
 
-bool frmMain::onKey(int key) {
+bool frmMain::onKey(int key, const QKeyEvent& event) {
+    // On some desktops the keyboard stays here when the board opens.
+    if (frmSummary* board = modForms::OpenBoard())
+        board->Reveal(event);
     const auto* known = std::ranges::find(Commands, key, &KnownCommand::key);
     // A key that the keyboard does not name has no code either.
     if (key == NoKey || known == std::end(Commands))

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QCheckBox;
+class QLabel;
 class RoundChooser;
 
 /// The console: the operator's home for the whole quiz. Every action is a numbered command,
@@ -45,8 +46,15 @@ private:
     qint32 revealFrom() const;
     void step(int by);
     void askToExit();
-    bool onKey(int key);
+    bool onKey(int key, const QKeyEvent& event);
+    QLayout* makeFoot();
+    QString status() const;
+    void showStatus();
+    void say(const QString& text);
+    void openGuide();
+    void followBoard();
 
     RoundChooser* m_rounds;
     QCheckBox* m_showAll;
+    QLabel* m_status;
 };

@@ -1,5 +1,6 @@
 #include "forms/frmResultEntry.h"
 
+#include "app/Messages.h"
 #include "app/RecordList.h"
 #include "app/Theme.h"
 #include "core/Guard.h"
@@ -32,9 +33,27 @@ void markEntered(QTreeWidgetItem& row) {
     row.setIcon(TeamName, Theme::RowIcon(QStringLiteral("entered")));
 }
 
+// What was entered stands out: a score from the 0 of none, a played joker from the others.
+void show(QTreeWidgetItem& row, const QString& score, bool isEntered, bool jokerPlayed) {
+    const QPalette palette = row.treeWidget()->palette();
+    const QBrush quiet = palette.brush(QPalette::PlaceholderText);
+    row.setText(Score, score);
+    row.setForeground(Score, isEntered ? palette.brush(QPalette::Text) : quiet);
+    row.setText(Joker, jokerPlayed ? Played : NotPlayed);
+    row.setForeground(Joker, jokerPlayed ? palette.brush(QPalette::Text) : quiet);
+    QFont font = row.font(Joker);
+    font.setBold(jokerPlayed);
+    row.setFont(Joker, font);
+    row.setData(TeamName, Qt::AccessibleDescriptionRole,
+                isEntered ? QString() : QStringLiteral("no result yet"));
+}
+
+void showNoResult(QTreeWidgetItem& row) {
+    show(row, NoScore, false, false);
+}
+
 void showResult(QTreeWidgetItem& row, const Result& result) {
-    row.setText(Score, QString::number(result.Score));
-    row.setText(Joker, result.Joker == 1 ? Played : NotPlayed);
+    show(row, QString::number(result.Score), true, result.Joker == 1);
     row.setText(ResultID, result.ResultID);
     markEntered(row);
 }
@@ -66,22 +85,30 @@ frmResultEntry::frmResultEntry(QWidget* parent, AskScore askScore)
     , m_teams(new RecordList(QStringLiteral("lvTeams"),
                              {QStringLiteral("Team Name"), QStringLiteral("Score"),
                               QStringLiteral("Joker"), QStringLiteral("ResultID")}))
+    , m_moves(new QLabel)
     , m_outOf(counter(QStringLiteral("txtOutOf")))
     , m_entered(counter(QStringLiteral("txtEntered"))) {
     setObjectName(QStringLiteral("frmResultEntry"));
     setWindowTitle(QStringLiteral("Result Entry"));
     build();
-    connect(m_rounds, &RoundChooser::currentIndexChanged, this,
-            [this] { GetResultsForRound(m_rounds->SelectedKey()); });
-    connect(m_teams, &RecordList::itemDoubleClicked, this, &frmResultEntry::editSelectedRow);
-    new KeyPreview(this, KeyPreview::Releases::Pass, [this](int key) { return onKey(key); });
+    connect(m_rounds, &RoundChooser::currentIndexChanged, this, &frmResultEntry::changeRound);
+    connect(m_rounds, &RoundChooser::picked, m_teams, qOverload<>(&QWidget::setFocus));
+    connect(m_teams, &RecordList::itemDoubleClicked, this, &frmResultEntry::editFromSelectedRow);
+    new KeyPreview(this, KeyPreview::Releases::Pass,
+                   [this](int key, const QKeyEvent&) { return onKey(key); });
 }
 
 void frmResultEntry::build() {
+    m_moves->setObjectName(QStringLiteral("lblMoves"));
+    m_moves->setTextFormat(Qt::PlainText);
+    m_moves->setWordWrap(true);
+    m_moves->hide();
+    m_teams->SetEmptyText(QStringLiteral("No teams yet: add them in Team Entry (F3)"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * Theme::Unit, 2 * Theme::Unit, 2 * Theme::Unit, 2 * Theme::Unit);
     layout->setSpacing(2 * Theme::Unit);
     layout->addWidget(makeRoundFrame());
+    layout->addWidget(m_moves);
     layout->addWidget(m_teams, 1);
     layout->addWidget(makeCounters());
     setUpColumns();
@@ -133,11 +160,43 @@ void frmResultEntry::setUpColumns() {
 void frmResultEntry::Fill(const QString& roundKey) {
     fillTeams();
     fillRounds(roundKey);
-    if (m_rounds->count() > 0) {
-        GetResultsForRound(m_rounds->SelectedKey());
+    m_openedRound = m_rounds->SelectedKey();
+    if (m_rounds->count() > 0 && readSelectedRound())
         m_entered->setText(QString::number(CountEntries()));
-    }
     m_teams->setCurrentItem(m_teams->topLevelItem(0));
+}
+
+// False, and told, when the results of the selected round cannot be read. Without knowing them no
+// score may be stored: it could go over another one.
+bool frmResultEntry::readSelectedRound() {
+    if (GetResultsForRound(m_rounds->SelectedKey())) {
+        m_shownRound = m_rounds->SelectedKey();
+        return true;
+    }
+    if (m_shownRound.isEmpty())
+        for (QTreeWidgetItem* row : m_teams->Rows())
+            for (const int column : {Score, Joker})
+                row->setText(column, QString());
+    Messages::Inform(isVisible() ? this : parentWidget(),
+                     QStringLiteral("Operation failed to complete"),
+                     QStringLiteral("Rankelo Error"));
+    return false;
+}
+
+void frmResultEntry::changeRound() {
+    if (!readSelectedRound() && !m_shownRound.isEmpty()) {
+        const QSignalBlocker quiet(m_rounds);
+        m_rounds->setCurrentIndex(m_rounds->findData(m_shownRound));
+    }
+    tellOfMoves();
+}
+
+void frmResultEntry::tellOfMoves() {
+    const int opened = m_rounds->findData(m_openedRound);
+    m_moves->setText(QStringLiteral("Opened on \"%1\": a team without a score in this round takes "
+                                    "its score there along. To keep both, close and open again.")
+                         .arg(m_rounds->itemText(opened)));
+    m_moves->setVisible(m_rounds->currentIndex() != opened);
 }
 
 void frmResultEntry::fillTeams() {
@@ -161,8 +220,11 @@ void frmResultEntry::fillRounds(const QString& roundKey) {
     m_rounds->setCurrentIndex(std::max(m_rounds->findData(roundKey), 0));
 }
 
-void frmResultEntry::GetResultsForRound(const QString& roundKey) {
-    Guarded("GetResultsForRound", Component, [&] { showResults(roundKey); });
+bool frmResultEntry::GetResultsForRound(const QString& roundKey) {
+    return Guarded("GetResultsForRound", Component, false, [&] {
+        showResults(roundKey);
+        return true;
+    });
 }
 
 void frmResultEntry::showResults(const QString& roundKey) {
@@ -176,8 +238,7 @@ void frmResultEntry::showResults(const QString& roundKey) {
         if (const Result* result = byTeam.value(RecordList::KeyOf(*row))) {
             showResult(*row, *result);
         } else {
-            row->setText(Score, NoScore);
-            row->setText(Joker, NotPlayed);
+            showNoResult(*row);
         }
     }
 }
@@ -196,40 +257,62 @@ int frmResultEntry::countEntries() {
     return count;
 }
 
-void frmResultEntry::UpdateResult(const QString& roundKey, const QString& teamKey) {
-    Guarded("UpdateResult", Component, [&] { updateResult(roundKey, teamKey); });
+int frmResultEntry::UpdateResult(const QString& roundKey, const QString& teamKey) {
+    return Guarded("UpdateResult", Component, 0, [&] { return updateResult(roundKey, teamKey); });
 }
 
-void frmResultEntry::updateResult(const QString& roundKey, const QString& teamKey) {
+ScoreEntry frmResultEntry::entryOf(const QTreeWidgetItem& row, const QString& roundKey) const {
+    ScoreEntry entry{.Team = row.text(TeamName),
+                     .Round = m_rounds->currentText(),
+                     .Score = ToInt32(QStringView(row.text(Score))),
+                     .Joker = row.text(Joker) == Played};
+    // A hint; without it the score is entered all the same.
+    if (const auto results = ResultDAO().GetResultList(QString(), RecordList::KeyOf(row)))
+        for (const auto& result : *results)
+            if (const int round = m_rounds->findData(result->RoundID);
+                result->Joker == 1 && result->RoundID != roundKey && round >= 0)
+                entry.JokerRounds.append(m_rounds->itemText(round));
+    return entry;
+}
+
+int frmResultEntry::updateResult(const QString& roundKey, const QString& teamKey) {
     QTreeWidgetItem& row = Require(m_teams->RowOf(teamKey));
-    qint32 score = ToInt32(QStringView(row.text(Score)));
-    bool joker = row.text(Joker) == Played;
-    if (!m_askScore(this, row.text(TeamName), score, joker))
-        return;
+    ScoreEntry entry = entryOf(row, roundKey);
+    if (!m_askScore(this, entry))
+        return 0;
     Result result;
     if (const QString stored = row.text(ResultID); !stored.isEmpty())
         result = Require(ResultDAO().GetResult(stored));
-    result.Joker = joker ? 1 : 0;
-    result.Score = score;
+    result.Joker = entry.Joker ? 1 : 0;
+    result.Score = entry.Score;
     result.TeamID = teamKey;
     result.RoundID = roundKey;
-    if (ResultDAO().Save(result))
-        showResult(row, result);
+    if (!ResultDAO().Save(result))
+        return 0;
+    showResult(row, result);
+    return entry.Step;
 }
 
-void frmResultEntry::editSelectedRow() {
-    const QTreeWidgetItem* row = m_teams->SelectedRow();
+// A sheet of scores is typed down the list, or up, without leaving the dialog.
+void frmResultEntry::editFromSelectedRow() {
+    QTreeWidgetItem* row = m_teams->SelectedRow();
     if (!row || m_rounds->currentIndex() < 0)
         return;
-    UpdateResult(m_rounds->SelectedKey(), RecordList::KeyOf(*row));
-    m_entered->setText(QString::number(CountEntries()));
+    if (m_shownRound != m_rounds->SelectedKey() && !readSelectedRound())
+        return;
+    while (row) {
+        m_teams->setCurrentItem(row);
+        const int step = UpdateResult(m_rounds->SelectedKey(), RecordList::KeyOf(*row));
+        m_entered->setText(QString::number(CountEntries()));
+        row = step > 0 ? m_teams->itemBelow(row) : step < 0 ? m_teams->itemAbove(row) : nullptr;
+    }
 }
 
 bool frmResultEntry::onKey(int key) {
     if (key == Qt::Key_Escape)
         close();
     else if (key == Qt::Key_Return)
-        editSelectedRow();
+        editFromSelectedRow();
     else
         return false;
     return true;

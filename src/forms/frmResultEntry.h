@@ -1,10 +1,14 @@
 #pragma once
 
+#include "forms/ScoreEntry.h"
+
 #include <QDialog>
 
 #include <functional>
 
+class QLabel;
 class QLineEdit;
+class QTreeWidgetItem;
 class RecordList;
 class RoundChooser;
 
@@ -14,10 +18,9 @@ class frmResultEntry : public QDialog {
     Q_OBJECT
 
 public:
-    /// Runs the score dialog over a screen for a team. True when the operator confirmed; score and
-    /// joker then hold the answer, otherwise they stay as they were.
-    using AskScore =
-        std::function<bool(QWidget* over, const QString& team, qint32& score, bool& joker)>;
+    /// Runs the score dialog over a screen. True when the operator confirmed; the entry then holds
+    /// the answer.
+    using AskScore = std::function<bool(QWidget* over, ScoreEntry& entry)>;
 
     frmResultEntry(QWidget* parent, AskScore askScore);
 
@@ -27,11 +30,13 @@ public:
 
     /// Puts the round's stored results into the rows. A team without one gets 0 and N; its
     /// ResultID and icon stay as they were, so that the screen is to be opened anew for each round.
-    void GetResultsForRound(const QString& roundKey);
+    /// False when they cannot be read; the rows then stay as they are.
+    bool GetResultsForRound(const QString& roundKey);
     /// The number of rows with a stored result; refreshes their icons.
     int CountEntries();
-    /// Asks for one team's score and saves it. A failed save leaves the row as it was.
-    void UpdateResult(const QString& roundKey, const QString& teamKey);
+    /// Asks for one team's score and saves it. Gives the step to the team that the operator wants
+    /// to go on with, 0 for none. A failed save leaves the row as it was, and is no step.
+    int UpdateResult(const QString& roundKey, const QString& teamKey);
 
 private:
     void build();
@@ -41,14 +46,21 @@ private:
     void fillTeams();
     void fillRounds(const QString& roundKey);
     void showResults(const QString& roundKey);
-    void updateResult(const QString& roundKey, const QString& teamKey);
+    bool readSelectedRound();
+    void changeRound();
+    void tellOfMoves();
+    ScoreEntry entryOf(const QTreeWidgetItem& row, const QString& roundKey) const;
+    int updateResult(const QString& roundKey, const QString& teamKey);
     int countEntries();
-    void editSelectedRow();
+    void editFromSelectedRow();
     bool onKey(int key);
 
     AskScore m_askScore;
     RoundChooser* m_rounds;
     RecordList* m_teams;
+    QLabel* m_moves; ///< says what a score does to the round that the screen was opened on
+    QString m_openedRound;
+    QString m_shownRound; ///< whose results are in the rows; empty when none could be read
     QLineEdit* m_outOf;
     QLineEdit* m_entered;
 };

@@ -10,8 +10,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int MoveUp = 0;
@@ -68,6 +66,7 @@ frmRoundEntry::frmRoundEntry(QWidget* parent)
                  .editTip = QStringLiteral("Rename the selected round"),
                  .deleteTip = QStringLiteral("Delete the selected round"),
                  .deleteQuestion = QStringLiteral("Are you sure you wish to remove this round?"),
+                 .emptyText = QStringLiteral("Type a name and press the plus"),
                  .enterAdds = false},
                 {listRounds, addRound, renameRound, removeRound}, parent) {
     list().header()->resizeSection(0, 10 * Theme::Unit);
@@ -104,11 +103,12 @@ void frmRoundEntry::move(int index) {
     if (index == MoveDown && row == last)
         return;
     const qint32 direction = index == MoveUp ? RoundDAO::Up : RoundDAO::Down;
-    if (!RoundDAO().Reorder(RecordList::KeyOf(*selected), direction))
+    const QString key = RecordList::KeyOf(*selected);
+    if (!RoundDAO().Reorder(key, direction))
         return;
-    const int next = std::clamp(index == MoveUp ? row - 1 : row + 1, 0, last);
-    // The same round is selected again; what is typed about it stays in the box.
+    // The same round is selected again, wherever its number has put it.
     const QSignalBlocker quiet(&list());
     if (FillList())
-        list().setCurrentItem(list().topLevelItem(next));
+        list().setCurrentItem(list().RowOf(key));
+    copyNameToBox();
 }

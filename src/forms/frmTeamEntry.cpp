@@ -55,5 +55,6 @@ frmTeamEntry::frmTeamEntry(QWidget* parent)
                  .editTip = QStringLiteral("Rename the selected team"),
                  .deleteTip = QStringLiteral("Delete the selected team"),
                  .deleteQuestion = QStringLiteral("Are you sure you wish to remove this team?"),
+                 .emptyText = QStringLiteral("Type a name and press Enter"),
                  .enterAdds = true},
                 {listTeams, addTeam, renameTeam, removeTeam}, parent) {}

@@ -95,16 +95,21 @@ bool modForms::ResultEntry(QWidget* console, const QString& roundKey) {
     });
 }
 
-bool modForms::GetEntry(QWidget* over, const QString& team, qint32& score, bool& joker) {
+bool modForms::GetEntry(QWidget* over, ScoreEntry& entry) {
     return Guarded("GetEntry", Component, false, [&] {
-        frmEntry dialog(over, team, score, joker);
+        frmEntry dialog(over, entry);
         dialog.exec();
         if (dialog.Answer() != u"OK")
             return false;
-        score = dialog.Score();
-        joker = dialog.Joker();
+        entry.Score = dialog.Score();
+        entry.Joker = dialog.Joker();
+        entry.Step = dialog.Step();
         return true;
     });
+}
+
+frmSummary* modForms::OpenBoard() {
+    return theBoard && theBoard->isVisible() ? theBoard.data() : nullptr;
 }
 
 void modForms::Options(QWidget* console) {

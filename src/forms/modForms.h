@@ -4,6 +4,8 @@
 #include <QtGlobal>
 
 class QWidget;
+class frmSummary;
+struct ScoreEntry;
 
 /// The one way in which every screen is opened. A procedure that fails reports it to the log,
 /// answers false or nothing, and leaves the screen that called it usable.
@@ -26,9 +28,11 @@ bool TeamEntry(QWidget* console);
 /// Opens the result entry screen on a round, the first one when the key matches none, and waits
 /// until it is closed.
 bool ResultEntry(QWidget* console, const QString& roundKey);
-/// Runs the score dialog over a screen for a team. True when the operator confirmed; `score` and
-/// `joker` then hold the answer, otherwise they stay as they were.
-bool GetEntry(QWidget* over, const QString& team, qint32& score, bool& joker);
+/// Runs the score dialog over a screen. True when the operator confirmed; the entry then holds the
+/// answer, otherwise it stays as it was.
+bool GetEntry(QWidget* over, ScoreEntry& entry);
+/// The board that is open; null without one.
+frmSummary* OpenBoard();
 /// Opens the settings of the board and waits until they are closed.
 void Options(QWidget* console);
 /// Shows the about box over a screen and waits until it is closed.
