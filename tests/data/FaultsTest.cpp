@@ -67,22 +67,21 @@ private slots:
     // Each call of the standings, of a new round and of a new team fails, once or until the disk
     // is back. What was confirmed is there then, and also when the plug is pulled instead.
     void everyCallMayFail() {
-        constexpr int always = FaultyDisk::Always;
+        using enum FaultyDisk::Kind;
         constexpr int untilReopened = FaultyDisk::UntilReopened;
-        const struct {
-            FaultyDisk::Kind kind;
-            int error;
-            int times;
-        } faults[] = {{FaultyDisk::Reads, EIO, 1},
-                      {FaultyDisk::Reads, EIO, untilReopened},
-                      {FaultyDisk::Reads, EIO, always},
-                      {FaultyDisk::Reads, ENXIO, untilReopened},
-                      {FaultyDisk::Reads, ENODEV, always},
-                      {FaultyDisk::Writes, EIO, 1},
-                      {FaultyDisk::Writes, EIO, untilReopened},
-                      {FaultyDisk::Writes, EIO, always},
-                      {FaultyDisk::Writes, ENOSPC, always},
-                      {FaultyDisk::Writes, EROFS, always}};
+        constexpr int always = FaultyDisk::Always;
+        const std::tuple<FaultyDisk::Kind, int, int> faults[] = {
+            {Reads, EIO, 1},
+            {Reads, EIO, untilReopened},
+            {Reads, EIO, always},
+            {Reads, ENXIO, untilReopened},
+            {Reads, ENODEV, always},
+            {Writes, EIO, 1},
+            {Writes, EIO, untilReopened},
+            {Writes, EIO, always},
+            {Writes, ENOSPC, always},
+            {Writes, EROFS, always},
+        };
         for (const auto& [kind, error, times] : faults)
             for (int call = 1, isReached = 1; isReached; ++call) {
                 AppFolder folder;
@@ -105,10 +104,8 @@ private slots:
                 QStringList what{shown, pulled, left};
                 for (const int number : {int(kind), error, times, call, round, next})
                     what += QString::number(number);
-                QVERIFY2(isMended && (failures == 0) == isSilent &&
-                             failures <= (!isReached        ? 0
-                                          : times == always ? 3
-                                                            : 1) &&
+                const int most = !isReached ? 0 : times == always ? 3 : 1;
+                QVERIFY2(isMended && (failures == 0) == isSilent && failures <= most &&
                              (shown == Right || shown == u"nothing") &&
                              (round == 3 || round == 0) && (next == 4 || next == round + 3),
                          qPrintable(what.join(u' ')));
