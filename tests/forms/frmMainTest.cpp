@@ -16,6 +16,7 @@ struct Console : Opened {
         WriteFile(Path("Rankelo.PDF"), "a guide");
         AppUtilities().OpenDocument = [](const QString& path) {
             Messages::Inform(nullptr, path.mid(Paths().AppPath.size()), "document");
+            return true;
         };
         rounds.setCurrentIndex(1);
     }
