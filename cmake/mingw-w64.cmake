@@ -1,4 +1,4 @@
-# The MinGW-w64 compiler of Debian with POSIX threads, which std::thread needs.
+# The MinGW-w64 compiler of Debian with POSIX threads, which Qt needs.
 # A toolchain by itself for building Qt, and a part of windows.toolchain.cmake.
 
 set(CMAKE_SYSTEM_NAME Windows)

@@ -41,15 +41,22 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 
 void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
-    const bool isRow = element == PE_FrameFocusRect;
-    if (!isRow)
+    switch (element) {
+    case PE_FrameFocusRect:
+        if (widget && !qobject_cast<const QAbstractItemView*>(widget))
+            return; // The control has a frame already; the row of a list has none.
+        break;
+    case PE_Frame:
+    case PE_FrameLineEdit:
+    case PE_PanelButtonCommand:
+    case PE_IndicatorCheckBox:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
-    else if (widget && !qobject_cast<const QAbstractItemView*>(widget))
-        return; // The control has its frame.
-    if (!isRow && element != PE_Frame && element != PE_FrameLineEdit &&
-        element != PE_PanelButtonCommand && element != PE_IndicatorCheckBox)
+        break;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;
-    const bool focused = option->state.testFlag(State_HasFocus);
+    }
+    const bool focused = element == PE_FrameFocusRect || option->state.testFlag(State_HasFocus);
     const double width = focused ? FocusWidth : 1;
     const double inside = width / 2;
     painter->save();

@@ -59,10 +59,7 @@ public:
             return false; // The entry goes on.
         // No more than that: a box loses the focus in its own end, too.
         auto* box = static_cast<QWidget*>(watched);
-        if (!enters)
-            lost(box, m_colours);
-        else
-            gained(box, m_colours);
+        (enters ? gained : lost)(box, m_colours);
         // The click that brought the focus would drop the selection again.
         if (enters && reason == Qt::MouseFocusReason)
             QTimer::singleShot(0, box, [this, box] { gained(box, m_colours); });

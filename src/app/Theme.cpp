@@ -33,7 +33,6 @@ QPalette paletteOf(const Shades& shades) {
     palette.setColor(QPalette::Text, shades.text);
     palette.setColor(QPalette::ButtonText, shades.text);
     palette.setColor(QPalette::Mid, shades.border);
-
     palette.setColor(QPalette::Link, shades.focus);
     palette.setColor(QPalette::Highlight, shades.highlight);
     palette.setColor(QPalette::HighlightedText, Qt::white);
