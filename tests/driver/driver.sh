@@ -160,7 +160,7 @@ ask_focus() {
     answers=$(wc -l <"$place/stdout")
     press Pause
     within_patience "the probe's answer" has_answered "$answers"
-    focused=$(tail -n 1 "$place/stdout")
+    focused=$(tail -n 1 "$place/stdout" | tr -d "\r") # which Windows adds
 }
 has_answered() { (($(wc -l <"$place/stdout") > $1)); }
 
