@@ -89,6 +89,7 @@ void frmSummary::ShowBoard() {
     if (m_use == Use::Picture)
         return;
     if (!isVisible()) {
+        m_awake.emplace();
         showFullScreen();
         raise();
         activateWindow();

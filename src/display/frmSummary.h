@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class BoardLabel;
 class QLabel;
@@ -84,7 +85,7 @@ private:
 
     const Use m_use;
     QString m_heading;
-    ScreenAwake m_awake;
+    std::optional<ScreenAwake> m_awake; ///< from its first showing on
     std::function<void()> m_build;
     bool m_isBuilding = false;
     QSize m_builtFor; ///< the size for which the newest page was begun

@@ -50,6 +50,8 @@ private slots:
             m_saver.Heard.clear();
             m_saver.IsSlow = isSlow;
             const TestBoard board;
+            frmSummary picture(nullptr, frmSummary::Use::Picture);
+            QVERIFY(Render({}).RenderResults(picture, {}, "", 0));
             QVERIFY(board.Render(RowsAt({1, 2})));
             QTRY_COMPARE(m_saver.Heard, QStringList{"Inhibit Rankelo"});
             QTest::keyClick(board.Screen, Qt::Key_Escape);

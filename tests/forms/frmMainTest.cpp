@@ -24,7 +24,7 @@ struct Console : Opened {
 };
 
 Screen scoreDialog() {
-    return std::make_unique<frmEntry>(nullptr, "Ants", 12, true);
+    return std::make_unique<frmEntry>(nullptr, ScoreEntry{.Team = "Ants"});
 }
 
 } // namespace
