@@ -14,8 +14,10 @@ build_packages=(
 )
 # A virtual display with a window manager, a keyboard for it, and a camera.
 display_packages=(xvfb openbox xdotool imagemagick procps)
+# Two screens on a graphics card without hardware, and a desktop's session bus.
+two_screens_packages=(xserver-xorg-core xserver-xorg-video-dummy dbus-daemon)
 test_packages=(
-    "${build_packages[@]}" "${display_packages[@]}"
+    "${build_packages[@]}" "${display_packages[@]}" "${two_screens_packages[@]}"
     clang-format
     cups cups-client cups-filters printer-driver-cups-pdf poppler-utils # print and read the page
     desktop-file-utils appstream           # check what the desktop is told

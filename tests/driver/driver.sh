@@ -13,6 +13,10 @@ program=     # its process
 keystroke=20 # milliseconds; half of them the key is down
 as_user=()   # a command that runs it as another user
 console='Rankelo - \[*.*.*\]' # its title names the version
+# The board's colours: behind it, on the podium, of every other line below it, of its letters; and that
+# of every screen's icons.
+black='#000000' first='#00FF00' second='#008000' third='#004000' letters='#FFFF80'
+pair_a='#C04000' pair_b='#804000' ink='#1F2A33'
 
 # begin NAME [PICTURES]: makes a place for everything that the run leaves behind, except the
 # pictures, which go to the folder PICTURES.

@@ -27,7 +27,8 @@ END
     within_patience "a display" test -s "$place/display"
     DISPLAY=:$(<"$place/display")
     export DISPLAY
-    env "${quiet_place[@]}" dbus-daemon --session --nofork --print-address=3 3>"$place/bus" 2>>"$place/display.log" &
+    env "${quiet_place[@]}" dbus-daemon --session --nofork --print-address=3 3>"$place/bus" \
+        2>>"$place/display.log" &
     display_processes+=($!)
     within_patience "a session bus" test -s "$place/bus"
     env "${quiet_place[@]}" DBUS_SESSION_BUS_ADDRESS="$(<"$place/bus")" NO_AT_BRIDGE=1 "$@" \
@@ -104,11 +105,7 @@ sees() {
     within_patience "the screens of $view" "${@:2}"
 }
 
-black='#000000' first='#00FF00' second='#008000' third='#004000' letters='#FFFF80' ink='#1F2A33'
-pair_a='#C04000' pair_b='#804000'
-
 begin "$1" "${2:-$project/build/e2e/desktop-$1}"
-mkdir -p "$pictures"
 new_folder quiz "$project/scripts/demo.sql"
 session=() platform=xcb
 case $1 in
@@ -130,7 +127,7 @@ strike F8
 below="$black $pair_b $black $pair_a $black $pair_b $black $pair_a $black $pair_a"
 below+=" $black $pair_b $black $pair_a $black $pair_b $black"
 if [[ $1 == sway-xwayland ]]; then
-    # It puts every window beside the console: what the host does then.
+    # It opens every window where the keyboard is; the host then moves the board.
     sees covering board_is_on 1 "$below"
     swaymsg '[title="^Rankelo Results"] move container to output HEADLESS-2' >/dev/null
 fi

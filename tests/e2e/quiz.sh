@@ -3,9 +3,6 @@
 # is stored, what the audience sees, and how the program leaves.
 source "$(dirname "$0")/../driver/driver.sh"
 
-black='#000000' first='#00FF00' second='#008000' third='#004000' # the podium's greens
-pair_a='#C04000' pair_b='#804000'                                # every other line below it
-
 # enter_scores SCORE...: the scores of all teams in the order of the list; a "j" behind a score plays
 # the joker. The score dialog is named after the team.
 enter_scores() {
