@@ -85,12 +85,12 @@ look() {
 }
 is_console() { [[ $(convert "$1" -fill black +opaque "$ink" -format '%[fx:mean>0]' info:) == 1 ]]; }
 
-# board_is_on SCREEN COLOURS: it has these lines, they begin and end just inside the screen's edges,
-# and the console is to be seen unless it is on the same screen.
+# board_is_on SCREEN COLOURS: it fills the screen, has these lines, which begin and end just inside the
+# screen's edges, and the console is to be seen unless it is on the same screen.
 board_is_on() {
     local hall=$view-screen-$1.png
     look
-    [[ $(down West 20) == "$2" && $(down East 10) == "$2" && $(down East 4) == "$black" ]] &&
+    [[ $(down West 20) == "$2" && $(down East 10) == "$2" && $(down East 4) == "$behind" ]] &&
         (($(heading_off) < 8)) && { (($1 == 1)) || is_console "$view-screen-1.png"; }
 }
 board_is_gone() {
@@ -107,6 +107,8 @@ sees() {
 
 begin "$1" "${2:-$project/build/e2e/desktop-$1}"
 new_folder quiz "$project/scripts/demo.sql"
+behind='#000040' # no desktop's own colour, so that the board's edges are seen
+printf '[Application]\nBackGround=%d\n' 0x400000 >"$folder/Rankelo.INI"
 session=() platform=xcb
 case $1 in
 openbox) open_x11 openbox --sm-disable ;;
@@ -124,8 +126,8 @@ start_program "${session[@]}" QT_QPA_PLATFORM=$platform
 within_patience "the console" turned_to "Rankelo - "
 
 strike F8
-below="$black $pair_b $black $pair_a $black $pair_b $black $pair_a $black $pair_a"
-below+=" $black $pair_b $black $pair_a $black $pair_b $black"
+below="$behind $pair_b $behind $pair_a $behind $pair_b $behind $pair_a $behind $pair_a"
+below+=" $behind $pair_b $behind $pair_a $behind $pair_b $behind"
 if [[ $1 == sway-xwayland ]]; then
     # It opens every window where the keyboard is; the host then moves the board.
     sees covering board_is_on 1 "$below"
@@ -133,14 +135,14 @@ if [[ $1 == sway-xwayland ]]; then
 fi
 sees hidden board_is_on 2 "$below"
 strike 3
-below="$black $third $below"
+below="$behind $third $below"
 sees third board_is_on 2 "$below"
 strike 2
-below="$black $second $black $second $below"
+below="$behind $second $behind $second $below"
 sees second board_is_on 2 "$below"
 within_patience "the console" turned_to "Rankelo - "
 strike 1
-sees first board_is_on 2 "$black $first $below"
+sees first board_is_on 2 "$behind $first $below"
 within_patience "the board" turned_to "Rankelo Results"
 strike Escape
 sees gone board_is_gone
