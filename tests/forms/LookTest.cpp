@@ -38,7 +38,10 @@ const struct {
     {Make<frmTeamEntry>, "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
     {Make<frmRoundEntry>, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
     {ResultScreen, "lvTeams cboRounds"},
-    {[] { return Screen(new frmEntry(nullptr, {.Team = "Ants", .Round = "Music", .JokerRounds = {"Films"}})); },
+    {[] {
+         return Screen(
+             new frmEntry(nullptr, {.Team = "Ants", .Round = "Music", .JokerRounds = {"Films"}}));
+     },
      "txtScore chkJoker cmdOK cmdCancel"},
     {[] { return Screen(new frmOptions(nullptr, nullptr)); },
      "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
