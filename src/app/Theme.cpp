@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -42,14 +43,14 @@ QPalette paletteOf(const Shades& shades) {
     return palette;
 }
 
-// Adds a picture in all its sizes, of which Qt draws the smallest that it need not enlarge. Left to
-// find the files by their "@2x" itself, it would enlarge the smallest one at 125 %.
-void addPicture(QIcon& icon, const QString& name, bool dark, QIcon::Mode mode) {
-    for (const char* scale : {"1x", "2x", "3x"})
-        icon.addFile(
-            QStringLiteral(":/icons/%1/%2/%3.png")
-                .arg(QLatin1StringView(dark ? "dark" : "light"), QLatin1StringView(scale), name),
-            QSize(), mode);
+// The file for the sharpest screen, which Qt draws smaller where that is too much. If it were left
+// to find the "@2x" of a file itself, it would enlarge the plain one at 125 %.
+QString fileOf(const QString& name, bool dark) {
+    const int scale = qBound(1, qCeil(qApp->devicePixelRatio()), 3);
+    return QStringLiteral(":/icons/%1/%2x/%3.png")
+        .arg(QLatin1StringView(dark ? "dark" : "light"))
+        .arg(scale)
+        .arg(name);
 }
 
 QIcon programIcon() {
@@ -86,14 +87,13 @@ bool Theme::IsDark() {
 }
 
 QIcon Theme::Icon(const QString& name) {
-    QIcon icon;
-    addPicture(icon, name, IsDark(), QIcon::Normal);
-    return icon;
+    return QIcon(fileOf(name, IsDark()));
 }
 
 QIcon Theme::RowIcon(const QString& name) {
     QIcon icon = Icon(name);
-    addPicture(icon, name, true, QIcon::Selected);
-    addPicture(icon, name, true, QIcon::Active); // in the list that a chooser drops down
+    const QString onDark = fileOf(name, true);
+    icon.addFile(onDark, QSize(), QIcon::Selected);
+    icon.addFile(onDark, QSize(), QIcon::Active); // in the list that a chooser drops down
     return icon;
 }
