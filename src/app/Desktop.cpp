@@ -5,6 +5,7 @@
 #include "core/Logging.h"
 #include "core/Utilities.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
@@ -14,6 +15,14 @@ namespace {
 QPointer<QWidget>& errorBoxOwner() {
     static QPointer<QWidget> owner;
     return owner;
+}
+
+// The toolkit tells a screen reader that a plain window is a filler.
+QAccessibleInterface* windowRole(const QString&, QObject* object) {
+    auto* widget = qobject_cast<QWidget*>(object);
+    const bool isPlainWindow = widget && widget->windowType() == Qt::Window &&
+                               widget->metaObject()->superClass() == &QWidget::staticMetaObject;
+    return isPlainWindow ? new QAccessibleWidget(widget, QAccessible::Window) : nullptr;
 }
 
 } // namespace
@@ -31,6 +40,7 @@ void ShowErrorBox(const QString& text) {
 }
 
 void ConnectDesktop() {
+    QAccessible::installFactory(windowRole);
     AppLog().ShowError = [](const QString& text) {
         if (modCommon::AppSettings().DebugMode == u"1")
             ShowErrorBox(text);

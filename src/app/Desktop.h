@@ -4,7 +4,8 @@
 #include <QWidget>
 
 /// Gives core what needs a desktop: the log its error box, shown while the setting `DebugMode` is
-/// "1", and the utilities the way to open a document with the desktop's program for it.
+/// "1", and the utilities the way to open a document with the desktop's program for it. Tells
+/// screen readers that the console and the board are windows.
 void ConnectDesktop();
 
 /// The box of a program error, over the window in use.

@@ -1,7 +1,5 @@
 #include "app/LookStyle.h"
 
-#include "app/Theme.h"
-
 #include <QAbstractItemView>
 #include <QPainter>
 #include <QStyleOption>
@@ -12,8 +10,9 @@ constexpr int FocusWidth = 2;
 
 } // namespace
 
-LookStyle::LookStyle()
-    : QProxyStyle(QStringLiteral("Fusion")) {}
+LookStyle::LookStyle(int unit)
+    : QProxyStyle(QStringLiteral("Fusion"))
+    , m_unit(unit) {}
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
@@ -24,9 +23,9 @@ int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_DefaultFrameWidth: // The rows of a list leave room for the frame of the focus.
         return qobject_cast<const QAbstractItemView*>(widget) ? FocusWidth : 1;
     case PM_HeaderMargin:
-        return Theme::Unit;
+        return m_unit;
     case PM_FocusFrameHMargin: // Lists put their texts one pixel further in.
-        return Theme::Unit - 1;
+        return m_unit - 1;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

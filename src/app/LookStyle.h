@@ -10,7 +10,8 @@ class LookStyle : public QProxyStyle {
     Q_OBJECT
 
 public:
-    LookStyle();
+    /// `unit` is how far texts stay from the edge of their list, in device-independent pixels.
+    explicit LookStyle(int unit);
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
@@ -18,4 +19,7 @@ public:
                   QStyleHintReturn* returnData) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+
+private:
+    int m_unit;
 };

@@ -70,7 +70,7 @@ static void keepIcons() {
 void Theme::Apply(QApplication& application) {
     keepIcons();
     const bool dark = IsDark();
-    application.setStyle(new LookStyle);
+    application.setStyle(new LookStyle(Unit));
     application.setPalette(paletteOf(dark ? Dark : Light));
     // Who set the desktop to larger letters needs them here as well.
     constexpr double readablePoints = 11;

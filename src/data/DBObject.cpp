@@ -5,6 +5,11 @@
 #include "core/RuntimeError.h"
 #include "data/DatabaseFile.h"
 
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
 namespace {
 
 constexpr const char* Component = "DBObject";
@@ -46,6 +51,34 @@ bool DBObject::ExecuteSQL(const QString& statement) {
 std::unique_ptr<RecordSet> DBObject::GetRecordSet(const QString& query) {
     return Guarded("GetRecordSet", Component, std::unique_ptr<RecordSet>(),
                    [&] { return std::make_unique<RecordSet>(run(query)); });
+}
+
+bool DBObject::KeepCopy() {
+    return Guarded("KeepCopy", Component, false, [&] {
+        keepCopy();
+        return true;
+    });
+}
+
+void DBObject::keepCopy() {
+    const RecordSet counts =
+        run(QStringLiteral("SELECT (SELECT COUNT(*) FROM Teams)+(SELECT COUNT(*) "
+                           "FROM Rounds)+(SELECT COUNT(*) FROM Results)"));
+    if (counts.Field(0).toInt() == 0)
+        return;
+    const QString folder = Paths().AppPath + QStringLiteral("Earlier quizzes");
+    if (!QDir().mkpath(folder))
+        throw RuntimeError(ErrorNumber::PathNotFound, folder + QStringLiteral(": no such folder"));
+    const QString now = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH.mm"));
+    QString path = QStringLiteral("%1/%2.MDB").arg(folder, now);
+    for (int copy = 2; QFileInfo::exists(path); ++copy)
+        path = QStringLiteral("%1/%2 (%3).MDB").arg(folder, now).arg(copy);
+    try {
+        run(QStringLiteral("VACUUM INTO '") + SQLTextField(path) + u'\'');
+    } catch (const RuntimeError&) {
+        QFile::remove(path); // half a copy is none
+        throw;
+    }
 }
 
 bool DBObject::ResetDatabase() {

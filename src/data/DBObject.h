@@ -30,6 +30,9 @@ public:
     bool ExecuteSQL(const QString& statement);
     /// The rows of a query, or nothing: a list is read whole or not at all.
     std::unique_ptr<RecordSet> GetRecordSet(const QString& query);
+    /// Copies the quiz to a folder beside it, "Earlier quizzes", under the date and time of the
+    /// moment; the copy is whole. A quiz without teams, rounds and results is not copied.
+    bool KeepCopy();
     /// Empties results, rounds and teams, in that order; stops at the first failure.
     bool ResetDatabase();
 
@@ -61,6 +64,7 @@ public:
 private:
     DatabaseFile& file();
     RecordSet run(const QString& statement);
+    void keepCopy();
 
     bool m_isOpen = false;                ///< from OpenDatabase to CloseDatabase
     std::unique_ptr<DatabaseFile> m_file; ///< none after one that failed, too

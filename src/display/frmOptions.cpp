@@ -331,7 +331,15 @@ void frmOptions::resetDatabase() {
     const auto answer = Messages::Ask(
         this, QStringLiteral("Are you sure you wish to delete all data?"),
         QStringLiteral("Reset Database"), QMessageBox::Yes, QMessageBox::No, QMessageBox::No);
-    if (answer != QMessageBox::Yes || !AppDatabase().ResetDatabase())
+    if (answer != QMessageBox::Yes)
+        return;
+    // A whole quiz is never thrown away by one wrong answer.
+    if (!AppDatabase().KeepCopy()) {
+        Messages::Inform(this, QStringLiteral("Operation failed to complete"),
+                         QStringLiteral("Rankelo Error"));
+        return;
+    }
+    if (!AppDatabase().ResetDatabase())
         return;
     Messages::Inform(this, QStringLiteral("Database reset succesful, application will now exit"),
                      QStringLiteral("Database reset"));

@@ -1,6 +1,8 @@
 #include "data/DBObject.h"
 #include "support/AppFolder.h"
 
+#include <QDir>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -100,6 +102,33 @@ private slots:
         QVERIFY(!AppDatabase().GetRecordSet(list.arg(u"-9223372036854775808"_s)));
         const QString report = folder.TakeReports().join(u' ');
         QCOMPARE(report, u"9700 : [1] integer overflow [GetRecordSet/DBObject]"_s);
+    }
+
+    // Each reset leaves a whole copy of the quiz, also two in one minute; none is made of an empty
+    // quiz. Where no copy can be made, that is told.
+    void keepsACopyOfTheQuiz() {
+        AppFolder folder;
+        folder.Open();
+        QVERIFY(AppDatabase().KeepCopy());
+        QCOMPARE(folder.Files(), QStringList(u"Rankelo.MDB"_s));
+        RunForeign(folder.DatabasePath(), {u"INSERT INTO Teams VALUES ('k','O''Brien')"_s});
+        QVERIFY(AppDatabase().KeepCopy() && AppDatabase().KeepCopy());
+        QDir earlier(folder.Path(u"Earlier quizzes"_s));
+        const QStringList copies = earlier.entryList(QDir::Files);
+        QCOMPARE(copies.size(), 2);
+        for (const QString& copy : copies) {
+            const QRegularExpression name(uR"(^\d{4}-\d\d-\d\d \d\d\.\d\d( \(2\))?\.MDB$)"_s);
+            QVERIFY2(name.match(copy).hasMatch(), qPrintable(copy));
+            QCOMPARE(RunForeign(earlier.filePath(copy),
+                                {u"SELECT * FROM pragma_integrity_check UNION ALL "
+                                 "SELECT TeamName FROM Teams"_s})
+                         .join(u' '),
+                     u"ok O'Brien"_s);
+        }
+        QVERIFY(earlier.removeRecursively() && folder.TakeReports().isEmpty());
+        WriteFile(earlier.path(), "not a folder");
+        QVERIFY(!AppDatabase().KeepCopy());
+        QCOMPARE(folder.TakeReports().size(), 1);
     }
 };
 
