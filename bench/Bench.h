@@ -32,9 +32,9 @@ double Time(Clock clock, Action&& action) {
                : static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC * nanoseconds;
 }
 
-/// The pair whose ratio is the middle one: what disturbs the machine for a while disturbs both
+/// The pair whose ratio is the median: what disturbs the machine for a while disturbs both
 /// times of a pair, and what disturbs only one of them makes its ratio an outer one.
-Pair Middle(QList<Pair> pairs);
+Pair Median(QList<Pair> pairs);
 
 /// Times two actions in turn, so many rounds.
 template <typename Ours, typename Bare>
@@ -42,32 +42,32 @@ Pair Compare(Clock clock, int rounds, Ours&& ours, Bare&& bare) {
     QList<Pair> pairs;
     for (int i = 0; i < rounds; ++i)
         pairs.append({Time(clock, ours), Time(clock, bare)});
-    return Middle(pairs);
+    return Median(pairs);
 }
 
 /// An application folder and how many teams are in it.
-struct Hall {
+struct Fixture {
     const AppFolder& folder;
     int teams;
 };
 
-/// Times an action in a large hall, and in a small one as often as it takes to do it for as many
+/// Times an action in a large fixture, and in a small one as often as it takes to do it for as many
 /// teams: what disturbs the machine hits a long measurement more often than a short one.
 template <typename Action>
-Pair CompareHalls(const Hall& large, const Hall& small, int rounds, Action&& action) {
-    const auto time = [&](const Hall& hall) {
-        Paths().AppPath = hall.folder.Path(QString());
-        hall.folder.Open();
+Pair CompareFixtures(const Fixture& large, const Fixture& small, int rounds, Action&& action) {
+    const auto time = [&](const Fixture& fixture) {
+        Paths().AppPath = fixture.folder.Path(QString());
+        fixture.folder.Open();
         action(); // reads the file
         return Time(Clock::Processor, [&] {
-            for (int done = 0; done < large.teams; done += hall.teams)
+            for (int done = 0; done < large.teams; done += fixture.teams)
                 action();
         });
     };
     QList<Pair> pairs;
     for (int i = 0; i < rounds; ++i)
         pairs.append({time(large), time(small)});
-    return Middle(pairs);
+    return Median(pairs);
 }
 
 /// Prints one line of the table: both times in microseconds for each of `count` operations, their

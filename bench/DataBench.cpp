@@ -122,7 +122,7 @@ void benchTeam() {
         fill(smallHall, few, 20);
         fill(largeHall, many, 20);
         PrintRow(QStringLiteral("standings, one team among %1, among %2").arg(many).arg(few),
-                 CompareHalls({largeHall, many}, {smallHall, few}, 20, standings), many, 1.25);
+                 CompareFixtures({largeHall, many}, {smallHall, few}, 20, standings), many, 1.25);
     }
 }
 

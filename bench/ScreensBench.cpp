@@ -68,5 +68,5 @@ void BenchScreens() {
                      .arg(QLatin1StringView(screen.what))
                      .arg(Many)
                      .arg(Few),
-                 CompareHalls({largeHall, Many}, {smallHall, Few}, 20, screen.open), Many, 1.5);
+                 CompareFixtures({largeHall, Many}, {smallHall, Few}, 20, screen.open), Many, 1.5);
 }

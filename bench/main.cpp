@@ -18,12 +18,12 @@ void PrintRow(const QString& what, const Pair& pair, double count, double limit)
     std::fflush(stdout);
 }
 
-Pair Middle(QList<Pair> pairs) {
-    const auto middle = pairs.begin() + pairs.size() / 2;
-    std::nth_element(pairs.begin(), middle, pairs.end(), [](const Pair& a, const Pair& b) {
+Pair Median(QList<Pair> pairs) {
+    const auto median = pairs.begin() + pairs.size() / 2;
+    std::nth_element(pairs.begin(), median, pairs.end(), [](const Pair& a, const Pair& b) {
         return a.ours / a.bare < b.ours / b.bare;
     });
-    return *middle;
+    return *median;
 }
 
 bool RunOnce(const QString& operation) {

@@ -28,7 +28,7 @@ public:
 
     /// Layout of the file: 1 fixed-width, 2 comma-separated.
     qint32 LogDestination = FixedWidth;
-    /// The highest message type that is written. It starts at 0, so that an ordinary evening
+    /// The highest message type that is written. It starts at 0, so that an ordinary quiz
     /// leaves no file behind.
     qint32 DebugLevel = 0;
     /// Is given the text of every program error, written or not; the desktop sets it.

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QtGlobal>
 
-/// One stage of the quiz.
+/// One part of the quiz, with its own scores.
 struct Round {
     /// A new round. Its key is made now, its number when it is saved.
     Round();

@@ -87,7 +87,7 @@ private slots:
         QWidget console;
         ShowScreen(console);
         // Plugged in again, the projector has the board again.
-        for (int evening = 0; evening < 2; ++evening) {
+        for (int time = 0; time < 2; ++time) {
             const TestBoard board;
             QVERIFY(board.Render(RowsAt({1, 2, 3}), 4));
             QCOMPARE(board.Screen->screen()->name(), "projector");
