@@ -30,7 +30,7 @@ marked() {
 faults=$(
     marked '<span class="caption">' | missing "$source_text" '"' '"'
     marked '<kbd>F' | missing "$source_text" Qt::Key_F ''
-    marked '<kbd>' | grep -vxE 'F[0-9]|Esc|Enter|[123]|Tab|Shift|Space|Windows|P|↑|↓' || true
+    marked '<kbd>' | grep -vxE 'F[0-9]|Esc|Enter|[123]|Tab|Shift|Space|Windows|P|Ctrl|C|↑|↓' || true
     grep -oP 'Qt::Key_\KF\d(?=, frmMain)' <<<"$source_text" |
         missing "$guide" '<tr><td><kbd>' '</kbd></td>'
     sed -nE 's:.*<kbd>(F[0-9])</kbd></td><td><span class="caption">([^<]*)<.*:\2", "[\1]:p' \
