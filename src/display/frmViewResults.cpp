@@ -52,6 +52,7 @@ frmViewResults::frmViewResults(QWidget* parent)
     , lblPrinted(new QLabel) {
     setObjectName(QStringLiteral("frmViewResults"));
     SetCaption(QStringLiteral("View Results"));
+    lvResults->SetEmptyText(QStringLiteral("No results yet"));
     lvResults->header()->setStretchLastSection(false);
     lvResults->header()->setSectionResizeMode(TeamNameColumn, QHeaderView::Stretch);
     lvResults->headerItem()->setTextAlignment(ScoreColumn, Qt::AlignRight | Qt::AlignVCenter);
@@ -122,6 +123,7 @@ void frmViewResults::clickPrint() {
     lblPrinted->setText(printer.isEmpty() ? QStringLiteral("Not printed")
                                           : QStringLiteral("Sent to ") + printer);
     lblPrinted->show();
+    cmdPrint->setToolTip(lblPrinted->text());
 }
 
 QString frmViewResults::print() {

@@ -142,9 +142,10 @@ QString frmMain::status() const {
             QStringLiteral("On the wall: %1 (3, 2, 1 reveal, Esc closes)").arg(board->Heading());
         const auto [outside, fittingSize] = board->LinesOutside();
         if (outside > 0)
-            text += QStringLiteral("; %1 teams do not fit, ").arg(outside) +
+            text += (outside == 1 ? QStringLiteral("; 1 team does not fit, ")
+                                  : QStringLiteral("; %1 teams do not fit, ").arg(outside)) +
                     (fittingSize > 0 ? QStringLiteral("%1 points would").arg(fittingSize)
-                                     : QStringLiteral("at no size"));
+                                     : QStringLiteral("no size of the list would"));
         return text;
     }
     const auto quiz = CountQuiz(m_rounds->SelectedKey());
@@ -176,7 +177,7 @@ void frmMain::say(const QString& text) {
 void frmMain::openGuide() {
     const QString guide = Paths().AppPath + QStringLiteral("Rankelo.PDF");
     if (!AppUtilities().OpenFile(guide) || !AppUtilities().WasTaken())
-        say(QStringLiteral("Nothing here opens the user guide. It lies in ") + guide);
+        say(QStringLiteral("Nothing here opens the user guide. It belongs in ") + guide);
 }
 
 void frmMain::ListRounds(qint32 selectPosition) {

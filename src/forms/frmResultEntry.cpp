@@ -193,9 +193,11 @@ void frmResultEntry::changeRound() {
 
 void frmResultEntry::tellOfMoves() {
     const int opened = m_rounds->findData(m_openedRound);
-    m_moves->setText(QStringLiteral("Opened on \"%1\": a team without a score in this round takes "
-                                    "its score there along. To keep both, close and open again.")
-                         .arg(m_rounds->itemText(opened)));
+    m_moves->setText(
+        QStringLiteral("Opened on \"%1\": a score typed for a team that has none in this "
+                       "round takes the place of its score there. To keep both, close "
+                       "and open again.")
+            .arg(m_rounds->itemText(opened)));
     m_moves->setVisible(m_rounds->currentIndex() != opened);
 }
 
