@@ -45,8 +45,8 @@ public:
                    filterKey(*static_cast<QWindow*>(watched), *static_cast<QKeyEvent*>(event));
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            return watched->isWidgetType() &&
-                   filterClick(*static_cast<QWidget*>(watched), *static_cast<QMouseEvent*>(event));
+            return watched->isWindowType() &&
+                   filterClick(*static_cast<QWindow*>(watched), *static_cast<QMouseEvent*>(event));
         default:
             return false;
         }
@@ -85,18 +85,20 @@ private:
         m_release.isOnItsWay = false;
     }
 
-    bool filterClick(const QWidget& control, const QMouseEvent& event) {
-        const QWidget* window = control.window();
-        if (window->windowType() == Qt::Popup)
+    // Before the window passes it on, which would also move the keyboard.
+    bool filterClick(const QWindow& pressed, const QMouseEvent& event) {
+        const QWidget* window = QWidget::find(pressed.winId());
+        if (!window || QApplication::activePopupWidget())
             return false;
         const auto interval = static_cast<quint64>(QApplication::doubleClickInterval());
         const bool isSoon = m_click.window && event.timestamp() - m_click.time < interval;
         if (isSoon && m_click.window != window)
             return true;
         m_click = {window, event.timestamp()};
-        return event.type() == QEvent::MouseButtonDblClick &&
-               qobject_cast<const QAbstractButton*>(&control) &&
-               !control.property(EveryClickCounts).toBool();
+        const auto* button =
+            qobject_cast<QAbstractButton*>(window->childAt(event.position().toPoint()));
+        return event.type() == QEvent::MouseButtonDblClick && button &&
+               !button->property(EveryClickCounts).toBool();
     }
 
     const bool m_pairsRepeats;

@@ -17,3 +17,16 @@ std::optional<QuizState> CountQuiz(const QString& roundKey) {
             QuizState{ToInt32(row.Field(0)), ToInt32(row.Field(1)), ToInt32(row.Field(2))});
     });
 }
+
+QStringList JokerRoundsBeside(const QString& roundKey, const QString& teamKey) {
+    return Guarded("JokerRoundsBeside", "QuizState", QStringList(), [&] {
+        auto rows = AppDatabase().GetRecordSet(
+            QStringLiteral("SELECT RoundName FROM Rounds JOIN Results USING (RoundID) "
+                           "WHERE Joker=1 AND TeamID='%1' AND RoundID<>'%2' ORDER BY RoundNumber")
+                .arg(teamKey, roundKey));
+        QStringList names;
+        for (RecordSet& row = Require(rows); !row.EndOfFile(); row.MoveNext())
+            names.append(AppDatabase().SetField(row.Field(0)));
+        return names;
+    });
+}

@@ -186,12 +186,13 @@ bool EntryForm::remove(const QString& key) {
 // is not blank, such as a column of a spreadsheet, is added as a record of its own.
 void EntryForm::takeLines(const QString& text) {
     static const QRegularExpression breaks(QStringLiteral("[\\r\\n\\f\\v\\x{2028}\\x{2029}]+"));
-    static const QRegularExpression tabs(QStringLiteral("^\\t+|\\t+$"));
+    static const QRegularExpression edges(QStringLiteral("^\\t+|\\t+$"));
+    static const QRegularExpression tabs(QStringLiteral("\\t+"));
     if (!text.contains(breaks) && !text.contains(u'\t'))
         return;
     QStringList names;
     for (QString line : text.split(breaks)) {
-        line.remove(tabs).replace(u'\t', u' ');
+        line.remove(edges).replace(tabs, QStringLiteral(" "));
         if (!line.trimmed().isEmpty())
             names.append(line);
     }

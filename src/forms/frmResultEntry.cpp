@@ -5,6 +5,7 @@
 #include "app/Theme.h"
 #include "core/Guard.h"
 #include "core/Numbers.h"
+#include "data/QuizState.h"
 #include "data/Require.h"
 #include "data/ResultDAO.h"
 #include "data/Round.h"
@@ -264,17 +265,11 @@ int frmResultEntry::UpdateResult(const QString& roundKey, const QString& teamKey
 }
 
 ScoreEntry frmResultEntry::entryOf(const QTreeWidgetItem& row, const QString& roundKey) const {
-    ScoreEntry entry{.Team = row.text(TeamName),
-                     .Round = m_rounds->currentText(),
-                     .Score = ToInt32(QStringView(row.text(Score))),
-                     .Joker = row.text(Joker) == Played};
-    // A hint; without it the score is entered all the same.
-    if (const auto results = ResultDAO().GetResultList(QString(), RecordList::KeyOf(row)))
-        for (const auto& result : *results)
-            if (const int round = m_rounds->findData(result->RoundID);
-                result->Joker == 1 && result->RoundID != roundKey && round >= 0)
-                entry.JokerRounds.append(m_rounds->itemText(round));
-    return entry;
+    return {.Team = row.text(TeamName),
+            .Round = m_rounds->currentText(),
+            .JokerRounds = JokerRoundsBeside(roundKey, RecordList::KeyOf(row)),
+            .Score = ToInt32(QStringView(row.text(Score))),
+            .Joker = row.text(Joker) == Played};
 }
 
 int frmResultEntry::updateResult(const QString& roundKey, const QString& teamKey) {

@@ -32,7 +32,7 @@ private slots:
         AppFolder folder;
         folder.Open();
         RunForeign(folder.DatabasePath(), {u"INSERT INTO Teams VALUES ('k','bystander')"_s});
-        for (const auto& [what, text, stored, isRefused] : HostileTexts()) {
+        for (const auto& [what, text, stored, isRefused, pasted] : HostileTexts()) {
             Team team; // inserted
             team.TeamName = text;
             Round round; // updated

@@ -1,5 +1,7 @@
 #include "Quiz.h"
+#include "core/AppPaths.h"
 #include "support/HostileTexts.h"
+#include "support/PaintRecorder.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -55,6 +57,7 @@ private slots:
         const QString scores = "Ants 8 N X1|Bees 7 Y X2|Cats 0 N ";
         const QString failed = " ?Operation_failed_to_complete !Return ";
         const QString deletion = " cmdDelete ?Are_you_sure_you_wish_to_remove_this_round? ";
+        const QString teamDeletion = QString(deletion).replace("round", "team") + "!Return ";
         const QString notNumeric = " ?Score_must_be_a_numeric_value !Return ";
         const struct {
             const Kind& kind;
@@ -67,10 +70,24 @@ private slots:
             {Team, "=Dogs !Return ~Return =Eels cmdAdd =_ !Return", "Ants|Bees|Cats|Dogs|Eels"},
             {Team, "cmdAdd", "Ants|Bees|Cats|"},
             {Round, "=O'x !Return cmdAdd =y cmdAdd", "1 Music|2 Films|3 Sport|4 Ox|5 y"},
+            // A column that is pasted becomes a record a line, up to the first that fails.
+            {Round, "=O +x//y/ =z cmdAdd", "1 Music|2 Films|3 Sport|4 Ox|5 y|6 z"},
+            {Team, "+Dogs/x/Eels" + failed, "Ants|Bees|Cats|Dogs", nullptr,
+             "INSERT ON Teams WHEN NEW.TeamName = 'x'"},
+            // A double click on the plus adds once, on an arrow it moves twice.
+            {Team, "=Dogs &cmdAdd =Eels !Return", "Ants|Bees|Cats|Dogs|Eels"},
+            {Round, "@0 &cmdMove_1", "1 Films|2 Sport|3 Music"},
             // A row that is selected, or clicked again, has its name in the box.
             {Round, "@0 !Down cmdAdd", "1 Music|2 Films|3 Sport|4 Films"},
             {Round, "@2 txtRoundName =x @2 cmdAdd", "1 Music|2 Films|3 Sport|4 Sport"},
             {Round, "@0 txtRoundName =Bon'us cmdEdit", "1 Bonus|2 Films|3 Sport"},
+            // A click below the rows is none.
+            {Team, "@1 txtTeamName =Bats @9 cmdEdit", "Ants|Bats|Cats"},
+            // A deletion selects nothing, leaves nothing of the deleted in the box and what was
+            // typed there, and gives it the keyboard.
+            {Team, "@1" + teamDeletion + "!Return =Dogs !Return cmdDelete" + failed,
+             "Ants|Cats|Dogs"},
+            {Team, "@1 txtTeamName =Dogs" + teamDeletion + "!Return", "Ants|Cats|Dogs"},
             // A cancelled deletion takes the row away until the screen is opened again.
             {Round, "@1" + deletion + "!Escape @1" + deletion + "!Return", "1 Music|2 Films",
              "1 Music"},
@@ -85,7 +102,8 @@ private slots:
             {Round, "@2 cmdMove_1" + deletion + "!Return", "1 Music|2 Films"},
             {Round, "@2 cmdMove_0" + deletion + "!Return", "1 Music|3 Films"},
             {Round, "@0 cmdMove_0" + deletion + "!Return", "1 Films|2 Sport"},
-            {Round, "@1 cmdMove_0 cmdMove_1 cmdMove_1", "1 Music|2 Sport|3 Films"},
+            {Round, "@1 cmdMove_0 cmdMove_1 cmdMove_1 cmdEdit", "1 Music|2 Sport|3 Films"},
+            {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1 cmdEdit", rounds},
             {Round, "cmdMove_0", rounds},
             {Round, "@0 cmdMove_1", rounds, nullptr, "UPDATE ON Rounds"},
             // A score is rounded, a new one makes a result, another one changes it. What is no
@@ -97,6 +115,17 @@ private slots:
             {Scores, "@@1 =0 !Tab !Tab !Space", "Ants 8 N X1|Bees 0 Y X2|Cats 0 N "},
             {Scores, "@@1 =9 !Tab !Tab !Tab !Space", scores},
             {Scores, "@@1 =9a !Return" + notNumeric + "chkJoker cmdCancel", scores},
+            {Scores, "@@1 =9a !Down" + notNumeric + "=6 !Return", "Ants 8 N X1|Bees 6 Y X2|Cats 0 N "},
+            {Scores, "@>1", scores},
+            // Down and Up go on to the next team, past the last one back to the list. A held key
+            // goes one team on, and a failed save none.
+            {Scores, "@0 !Return =1 !Down ?Bees =2 !Down ?Cats =3 !Down",
+             "Ants 1 N X1|Bees 2 Y X2|Cats 3 N "},
+            {Scores, "@2 !Return =3 !Up ?Bees =2 !Up ?Ants =1 !Up",
+             "Ants 1 N X1|Bees 2 Y X2|Cats 3 N "},
+            {Scores, "@0 !Return =1 !Down ~Down ~Up ?Bees !Escape !Return ?Bees =2 !Return",
+             "Ants 1 N X1|Bees 2 Y X2|Cats 0 N "},
+            {Scores, "@0 !Return =9 !Down", scores, nullptr, "UPDATE ON Results"},
             {Scores, "@@1 =99999999999 !Return", scores, nullptr, nullptr, "[GetEntry/modForms]"},
             {Scores, "@@1 =9 !Return", scores, nullptr, "UPDATE ON Results"},
         };
@@ -136,6 +165,87 @@ private slots:
         QCOMPARE(scores.Stored("SELECT RoundID || Score FROM Results WHERE ResultID='X2'"), "R26");
     }
 
+    // Without knowing what is stored, nothing is stored: not over the round shown before, and not
+    // beside a row that cannot be read.
+    void asksForNoScoreWithoutTheResults() {
+        const QString failed = " ?Operation_failed_to_complete !Return ";
+        {
+            Opened scores(ResultScreen);
+            scores.Play("( !Tab !Down" + failed);
+            QCOMPARE(scores.Get<QComboBox>("cboRounds").currentText(), "Music");
+            scores.Play(") @1 !Return ?Bees =9 !Return");
+            QCOMPARE(scores.Stored(Scores.stored), "Ants 8 N X1|Bees 9 Y X2|Cats 0 N ");
+            QCOMPARE(scores.Stored("SELECT DISTINCT RoundID FROM Results"), "R1");
+        }
+        Opened scores([] {
+            RunForeign(Paths().AppPath + "Rankelo.MDB", {"UPDATE Results SET Score=NULL"});
+            const ModalAnswers answers(
+                {MessageBox("Rankelo Error", "Operation failed to complete", Qt::Key_Return)});
+            return ResultScreen();
+        });
+        scores.Play("!Return" + failed);
+        QCOMPARE(Rows(scores.Get<QTreeWidget>("lvTeams")), "Ants   |Bees   |Cats   ");
+        RunForeign(scores.DatabasePath(), {"UPDATE Results SET Score=7"});
+        scores.Play("!Return ?Ants =9 !Return");
+        QCOMPARE(scores.Stored(Scores.stored), "Ants 9 N X1|Bees 7 Y X2|Cats 0 N ");
+    }
+
+    // The wheel over the closed chooser is no choice. After one in the open list the teams have the
+    // keyboard. A line warns while the round is not the one that the screen was opened on.
+    void changesTheRoundOnPurpose() {
+        Opened scores(ResultScreen);
+        const struct {
+            const char *steps, *round, *focus;
+        } cases[] = {{"!Tab %cboRounds", "Music", "cboRounds"},
+                     {"!Down", "Films", "cboRounds"},
+                     {"!Alt+Down !Down !Return", "Sport", "lvTeams"},
+                     {"!Tab !Home", "Music", "cboRounds"}};
+        for (const auto& [steps, round, focus] : cases) {
+            scores.Play(steps);
+            QTRY_COMPARE(QApplication::focusWidget()->objectName(), focus);
+            QCOMPARE(scores.Get<QComboBox>("cboRounds").currentText(), round);
+            QCOMPARE(scores.Get("lblMoves").isVisible(), round != QString("Music"));
+        }
+    }
+
+    // The jokers of the other rounds, also beside a row that another program left without a score.
+    void saysForWhomTheScoreIs() {
+        Opened scores(ResultScreen);
+        RunForeign(scores.DatabasePath(), {"INSERT INTO Results VALUES ('X3','R2','T2',NULL,1),"
+                                           "('X4','R3','T2',5,1),('X5','R3','T1',5,0)"});
+        for (const auto& [row, said] :
+             {std::pair{0, "Ants|Music|"}, {1, "Bees|Music|Joker played in: Films, Sport"}}) {
+            QStringList texts;
+            const ModalAnswers answers({[&](QDialog& dialog) {
+                for (const char* name : {"lblTeam", "lblRound", "lblJokers"})
+                    texts += Control<QLabel>(dialog, name).text();
+                dialog.reject();
+            }});
+            ClickRow(scores.Get<QTreeWidget>("lvTeams"), row, Clicks::Two);
+            QCOMPARE(texts.join(u'|'), said);
+            QVERIFY(scores.TakeReports().isEmpty());
+        }
+    }
+
+    void emptyListsSayWhatToDo() {
+        for (const auto& [make, said] :
+             {std::pair{Team.make, "Type a name and press Enter"},
+              {Round.make, "Type a name and press the plus"},
+              {Scores.make, "No teams yet: add them in Team Entry (F3)"}})
+            for (const bool isEmpty : {false, true}) {
+                const Quiz quiz;
+                if (isEmpty)
+                    RunForeign(quiz.DatabasePath(), {"DELETE FROM Teams", "DELETE FROM Rounds"});
+                const Screen screen = make();
+                ShowScreen(*screen);
+                QString painted;
+                for (const auto& text :
+                     RecordedWidget(*screen->findChild<QTreeWidget*>()).Recorder.Texts)
+                    painted += text.Content + u' ';
+                QCOMPARE(painted.simplified().contains(said), isEmpty);
+            }
+    }
+
     // What the box holds is what the file holds. Enter takes it as it stands; the button is reached
     // by leaving the box, which drops the apostrophes.
     void addsWhatIsTypedOrPasted() {
@@ -148,7 +258,10 @@ private slots:
                         Opened team(Team.make);
                         isPasted ? Paste(name.Text) : Type(name.Text);
                         const QString held = team.Get<QLineEdit>("txtTeamName").text();
-                        QString stored = held == name.Text ? u'|' + name.Stored : u'|' + held;
+                        const bool isColumn = isPasted && name.Pasted.endsWith(u'|');
+                        QString stored = u'|' + (isPasted ? name.Pasted : held);
+                        if (isColumn && step == QString("!Return"))
+                            stored.chop(1); // the box is blank
                         if (step == QString("cmdAdd"))
                             stored.remove(u'\'');
                         const QString told = " ?Operation_failed_to_complete !Return";

@@ -72,9 +72,12 @@ struct Opened : Quiz {
     }
 
     /// Takes steps parted by blanks, also in the dialogs that they open; "_" in them is a blank.
-    /// "@2" clicks on row 2 and "@@2" twice, "!Return" presses the key and "~Return" holds it,
-    /// "=text" types, "?text" waits for the window or message with that title or text, "#2" runs
-    /// a command of the console, and a name clicks on the control. No dialog stays open.
+    /// "@2" clicks on row 2, "@@2" twice, "@>2" twice with the right button, and "@^2" as the second
+    /// half of a double click begun elsewhere; "!Return" presses the key and "~Return" holds it,
+    /// "=text" types, "+text" pastes, with "/" for each line end, "?text" waits for the window or
+    /// message with that title or text, "#2" runs a command of the console, "&name" clicks twice on
+    /// a control, "%name" turns the wheel over it, and a name alone clicks on it. Between "(" and ")"
+    /// another program holds the file. No dialog stays open.
     void Play(const QString& steps) {
         QStringList left = steps.split(u' ', Qt::SkipEmptyParts);
         QList<QPointer<QWidget>> known{nullptr};
@@ -112,25 +115,39 @@ private:
         dialog.close();
         QFAIL(qPrintable(dialog.windowTitle() + " stays open after " + steps));
     }
-    void take(const QString& step) const {
+    void take(const QString& step) {
         QWidget* modal = QApplication::activeModalWidget();
         const QWidget& window = modal ? *modal : *screen;
         const QString rest = step.mid(1);
         const QString text = QString(rest).replace(u'_', u' ');
         const QKeyCombination key = QKeySequence(rest)[0];
         if (step[0] == u'@')
-            ClickRow(*window.findChild<QTreeWidget*>(), rest.last(1).toInt(), rest[0] == u'@');
+            ClickRow(*window.findChild<QTreeWidget*>(), rest.last(1).toInt(),
+                     rest[0] == u'@'   ? Clicks::Two
+                     : rest[0] == u'>' ? Clicks::TwoRight
+                     : rest[0] == u'^' ? Clicks::Second
+                                       : Clicks::One);
+        else if (step[0] == u'(')
+            m_lock.emplace(DatabasePath());
+        else if (step[0] == u')')
+            m_lock.reset();
         else if (step[0] == u'!')
             Press(key.key(), key.keyboardModifiers());
         else if (step[0] == u'~')
             Hold(key.key());
         else if (step[0] == u'=')
             Type(text);
+        else if (step[0] == u'+')
+            Paste(QString(text).replace(u'/', u'\n'));
+        else if (step[0] == u'%')
+            Wheel(Control<QWidget>(window, rest));
         else if (step[0] == u'?')
             QTRY_VERIFY2(isThere(text), qPrintable(text));
         else if (step[0] == u'#')
             static_cast<frmMain&>(*screen).RunCommand(rest.toInt());
         else
-            Click(Control<QWidget>(window, step));
+            Click(Control<QWidget>(window, step[0] == u'&' ? rest : step), step[0] == u'&');
     }
+
+    std::optional<ForeignLock> m_lock;
 };

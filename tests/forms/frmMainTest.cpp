@@ -6,6 +6,7 @@
 #include "forms/frmEntry.h"
 
 #include <QComboBox>
+#include <QLabel>
 
 namespace {
 
@@ -77,7 +78,9 @@ private slots:
                                            {"!F5 !F5", "[3] Sport"},
                                            {"!Alt+Down !Down !Return", "[3] Sport"},
                                            {"!Alt+Down !Down !Escape", "[2] Films"},
-                                           {"!Alt+Down !Down !F5", "[3] Sport"}}) {
+                                           {"!Alt+Down !Down !F5", "[3] Sport"},
+                                           {"!Alt+Down !Down !F9 !Return", "[3] Sport"},
+                                           {"%cboRounds", "[2] Films"}}) {
             Console console;
             console.Play(steps);
             QTRY_VERIFY(!QApplication::activePopupWidget());
@@ -94,6 +97,73 @@ private slots:
             const Opened screen(make);
             QCOMPARE(ReleaseArrives(), arrives);
         }
+    }
+
+    // The second half of the double click that opens a screen selects nothing there.
+    void takesADoubleClickForOne() {
+        for (const char* second : {"", "@^1"}) {
+            Console console;
+            console.Play(QString("cmdTeamSetup ?Team_Entry %1 cmdDelete").arg(second) +
+                         " ?Operation_failed_to_complete !Return !Escape");
+            QVERIFY(!QApplication::activeModalWidget());
+        }
+    }
+
+    // What the quiz waits for, and while a board is open what stands on the wall.
+    void saysWhatComesNext() {
+        const QString round = "Round 2 of 3: %1 of 3 results entered";
+        const QString wall = "On the wall: %1 (3, 2, 1 reveal, Esc closes)";
+        const QString manyTeams = "INSERT INTO Teams WITH RECURSIVE n(x) AS (VALUES (1) UNION "
+                                  "SELECT x+1 FROM n WHERE x<197) SELECT 'M'||x, x FROM n";
+        const struct {
+            QString statement, steps, status;
+        } cases[] = {
+            {"", "", round.arg(0)},
+            {"", "!F4", "Round 1 of 3: 2 of 3 results entered"},
+            {"INSERT INTO Results VALUES ('X3','R2','T1',NULL,0)", "!F3 !Escape", round.arg(1)},
+            {"INSERT INTO Results VALUES ('X3','R2','T1',1,0),('X4','R2','T1',1,0)", "!F3 !Escape",
+             round.arg(1)},
+            {"", "!F6 !Return =7 !Return !Escape", round.arg(1)},
+            {"DELETE FROM Teams", "!F3 !Escape", "No teams yet: press F3"},
+            {"DELETE FROM Rounds", "!F2 !Escape", "No rounds yet: press F2"},
+            {"", "!F3 =Dogs !Return !Escape", "Round 2 of 3: 0 of 4 results entered"},
+            {"", "!F7", wall.arg("Films Results")},
+            {"", "!F7 !F8", wall.arg("Rankelo Results")},
+            {"", "!F7 ?Films_Results !Escape", round.arg(0)},
+            {manyTeams, "!F8", wall.arg("Rankelo Results") + "; 981 teams do not fit, at no size"},
+        };
+        for (const auto& [statement, steps, status] : cases) {
+            Console console;
+            if (!statement.isEmpty())
+                RunForeign(console.DatabasePath(), {statement});
+            console.Play(steps);
+            QTRY_COMPARE(console.Get<QLabel>("lblStatus").text(), status);
+        }
+        Console console;
+        AppUtilities().OpenDocument = [](const QString&) { return false; };
+        console.Play("!F1");
+        QCOMPARE(console.Get<QLabel>("lblStatus").text(),
+                 "Nothing here opens the user guide. It lies in " + console.Path("Rankelo.PDF"));
+    }
+
+    // Where the keyboard stays at the console, the board hears its keys there, and the chooser as
+    // well.
+    void revealsFromTheConsole() {
+        Console console;
+        console.Play("!F8");
+        const auto isShown = [](int position) {
+            for (const QWidget* control : Quiz::Board()->findChildren<QWidget*>())
+                if (control->objectName().startsWith("lblLabel") &&
+                    control->property(TagProperty).toInt() == position)
+                    return control->isVisible();
+            return false;
+        };
+        QVERIFY(!isShown(3));
+        ShowScreen(*console.screen);
+        console.rounds.setFocus();
+        Type("[3");
+        QVERIFY(isShown(3) && !isShown(2));
+        QCOMPARE(console.rounds.currentText(), "[3] Sport");
     }
 
     // A new board takes the place of one that is still open.

@@ -25,6 +25,17 @@ QWindow& keyboardWindow() {
     qFatal("no window has the keyboard");
 }
 
+// As from the mouse: the window passes it on to the control.
+void click(QWidget& control, const QPoint& place, Clicks clicks) {
+    if (clicks != Clicks::Second)
+        QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval;
+    const bool isTwice = clicks == Clicks::Two || clicks == Clicks::TwoRight;
+    QWidget* window = control.window();
+    QTest::mouseEvent(isTwice ? QTest::MouseDClick : QTest::MouseClick, window->windowHandle(),
+                      clicks == Clicks::TwoRight ? Qt::RightButton : Qt::LeftButton, Qt::NoModifier,
+                      control.mapTo(window, place));
+}
+
 } // namespace
 
 void PrepareApplication() {
@@ -74,20 +85,23 @@ void Paste(const QString& text) {
     QTest::keySequence(&keyboardWindow(), QKeySequence::Paste);
 }
 
-void Click(QWidget& control) {
-    // Not the second half of a double click before.
-    QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval;
-    QTest::mouseClick(&control, Qt::LeftButton);
+void Click(QWidget& control, bool twice) {
+    click(control, control.rect().center(), twice ? Clicks::Two : Clicks::One);
     // A box selects its text once the click is over.
     QCoreApplication::processEvents();
 }
 
-void ClickRow(QTreeWidget& list, int row, bool twice) {
-    QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval;
-    const QPoint middle = list.visualItemRect(list.topLevelItem(row)).center();
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
-    if (twice)
-        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+void Wheel(QWidget& control) {
+    const QPointF place = control.rect().center();
+    QWheelEvent turn(place, control.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&control, &turn);
+}
+
+void ClickRow(QTreeWidget& list, int row, Clicks clicks) {
+    const QTreeWidgetItem* item = list.topLevelItem(row);
+    const QPoint below = list.viewport()->rect().bottomLeft() + QPoint(9, -9);
+    click(*list.viewport(), item ? list.visualItemRect(item).center() : below, clicks);
 }
 
 QString Rows(const QTreeWidget& list) {

@@ -36,9 +36,18 @@ bool ReleaseArrives();
 void Type(const QString& text);
 /// Pastes a text over what is selected.
 void Paste(const QString& text);
-void Click(QWidget& control);
-/// Clicks into the middle of a list's row.
-void ClickRow(QTreeWidget& list, int row, bool twice = false);
+void Click(QWidget& control, bool twice = false);
+/// Turns the wheel over a control.
+void Wheel(QWidget& control);
+
+enum class Clicks {
+    One,
+    Two,
+    TwoRight, ///< with the right button
+    Second,   ///< the second half of a double click begun elsewhere
+};
+/// Clicks into the middle of a list's row; below the rows when it has no such row.
+void ClickRow(QTreeWidget& list, int row, Clicks clicks = Clicks::One);
 
 /// What a list shows: the texts of a row are joined by blanks, the rows by "|".
 QString Rows(const QTreeWidget& list);
