@@ -53,7 +53,8 @@ void TileButton::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor face = palette().color(QPalette::Button);
     const double tint = isDown() ? 0.30 : underMouse() ? 0.12 : 0.0;
-    const QRectF box = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+    const double inset = hasFocus() ? 1.5 : 0.5; // half of the line's width
+    const QRectF box = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
     painter.setPen(
         QPen(palette().color(hasFocus() ? QPalette::Link : QPalette::Mid), hasFocus() ? 3 : 1));
     painter.setBrush(mixed(face, Theme::Accent, tint));

@@ -38,31 +38,30 @@ struct KnownCommand {
     int row = 0, column = 0, columns = 1;
 };
 // Tab visits the tiles in this order. Their rows follow the quiz: set up, enter and the rest above,
-// show and view below; empty columns part the groups.
+// show and view below.
 constexpr KnownCommand Commands[] = {
     {Qt::Key_F2, frmMain::RoundsSetup, "cmdRoundSetup", "rounds-setup", "Rounds Setup",
      "[F2] Add, Edit & Delete Rounds", 0, 0},
     {Qt::Key_F3, frmMain::TeamsSetup, "cmdTeamSetup", "teams-setup", "Teams Setup",
      "[F3] Enter, Edit & Delete Teams", 0, 1},
     {Qt::Key_F6, frmMain::EnterResults, "cmdResultsEntry", "results-entry", "Enter Results",
-     "[F6] Enter Results for a Round", 0, 3, 2},
+     "[F6] Enter Results for a Round", 0, 2, 2},
     {Qt::Key_F7, frmMain::ShowRound, "cmdDisplayRound", "show-round", "Show Round",
      "[F7] Display Results for Selected Round", 1, 0},
     {Qt::Key_F8, frmMain::ShowOverall, "cmdDisplayLeader", "show-leader", "Show Rankelo",
      "[F8] Display Results for Selected Round", 1, 1},
     {NoKey, frmMain::ViewRound, "cmdViewResults", "view-round", "View Round",
-     "View results in a Window", 1, 3},
+     "View results in a Window", 1, 2},
     {NoKey, frmMain::ViewOverall, "cmdViewLeader", "view-leader", "View Rankelo",
-     "Add, Edit & Delete Rounds", 1, 4},
+     "Add, Edit & Delete Rounds", 1, 3},
     {NoKey, frmMain::Configuration, "cmdConfiguration", "configuration", "Configuration",
-     "Application Configuration", 0, 6},
+     "Application Configuration", 0, 4},
     {Qt::Key_Escape, frmMain::ExitProgram, "cmdExit", "exit", "Exit Application",
-     "Exit Application", 1, 6},
+     "Exit Application", 1, 4},
     {Qt::Key_F1, frmMain::UserGuide},
     {Qt::Key_F4, frmMain::PreviousRound},
     {Qt::Key_F5, frmMain::NextRound},
 };
-constexpr int GapColumns[] = {2, 5};
 
 // "[3] Music".
 QString numberedName(const Round& round) {
@@ -94,13 +93,33 @@ void frmMain::build() {
     large.setPointSizeF(font().pointSizeF() * 1.4);
     m_rounds->setFont(large);
 
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit, 2 * Theme::Unit);
+    layout->setSpacing(Theme::Unit);
+    // The room that the tiles do not take lies around them.
+    constexpr int nearlyAll = 1000;
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(makeTiles(), nearlyAll);
+    row->addStretch(1);
+    layout->addStretch(1);
+    layout->addLayout(row, nearlyAll);
+    layout->addStretch(1);
+    layout->addLayout(makeFoot());
+    m_rounds->setFocus();
+}
+
+// Tiles of one size with equal gutters, which stay a size that the eye takes in at once, however
+// large the window is.
+QWidget* frmMain::makeTiles() {
+    auto* tiles = new QWidget;
+    tiles->setMaximumSize(150 * Theme::Unit, 64 * Theme::Unit);
+    auto* grid = new QGridLayout(tiles);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(Theme::Unit);
-    grid->addWidget(m_rounds, 0, 0, 1, 5);
-    grid->addWidget(m_showAll, 0, 6);
-    grid->setRowMinimumHeight(1, Theme::Unit);
-    constexpr int firstTileRow = 2;
+    grid->addWidget(m_rounds, 0, 0, 1, 4);
+    grid->addWidget(m_showAll, 0, 4, Qt::AlignCenter);
+    int width = m_showAll->sizeHint().width();
     for (const KnownCommand& tile : Commands) {
         if (!tile.name)
             continue;
@@ -108,19 +127,16 @@ void frmMain::build() {
             new TileButton(QString::fromLatin1(tile.name), QString::fromLatin1(tile.icon),
                            QString::fromLatin1(tile.caption), QString::fromLatin1(tile.toolTip),
                            QKeySequence(tile.key).toString());
-        grid->addWidget(button, firstTileRow + tile.row, tile.column, 1, tile.columns);
+        width = std::max(width, button->sizeHint().width());
+        grid->addWidget(button, 1 + tile.row, tile.column, 1, tile.columns);
+        grid->setRowStretch(1 + tile.row, 1);
         connect(button, &TileButton::clicked, this, [this, &tile] { RunCommand(tile.command); });
     }
-    for (int column = 0; column < grid->columnCount(); ++column)
+    for (int column = 0; column < grid->columnCount(); ++column) {
         grid->setColumnStretch(column, 1);
-    for (const int column : GapColumns) {
-        grid->setColumnStretch(column, 0);
-        grid->setColumnMinimumWidth(column, Theme::Unit);
+        grid->setColumnMinimumWidth(column, width);
     }
-    grid->setRowStretch(firstTileRow, 1);
-    grid->setRowStretch(firstTileRow + 1, 1);
-    grid->addLayout(makeFoot(), firstTileRow + 2, 0, 1, grid->columnCount());
-    m_rounds->setFocus();
+    return tiles;
 }
 
 QLayout* frmMain::makeFoot() {

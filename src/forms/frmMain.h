@@ -47,6 +47,7 @@ private:
     void step(int by);
     void askToExit();
     bool onKey(int key, const QKeyEvent& event);
+    QWidget* makeTiles();
     QLayout* makeFoot();
     QString status() const;
     void showStatus();

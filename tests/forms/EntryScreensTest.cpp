@@ -115,7 +115,8 @@ private slots:
             {Scores, "@@1 =0 !Tab !Tab !Space", "Ants 8 N X1|Bees 0 Y X2|Cats 0 N "},
             {Scores, "@@1 =9 !Tab !Tab !Tab !Space", scores},
             {Scores, "@@1 =9a !Return" + notNumeric + "chkJoker cmdCancel", scores},
-            {Scores, "@@1 =9a !Down" + notNumeric + "=6 !Return", "Ants 8 N X1|Bees 6 Y X2|Cats 0 N "},
+            {Scores, "@@1 =9a !Down" + notNumeric + "=6 !Return",
+             "Ants 8 N X1|Bees 6 Y X2|Cats 0 N "},
             {Scores, "@>1", scores},
             // Down and Up go on to the next team, past the last one back to the list. A held key
             // goes one team on, and a failed save none.
