@@ -103,7 +103,7 @@ private slots:
             {Round, "@2 cmdMove_0" + deletion + "!Return", "1 Music|3 Films"},
             {Round, "@0 cmdMove_0" + deletion + "!Return", "1 Films|2 Sport"},
             {Round, "@1 cmdMove_0 cmdMove_1 cmdMove_1 cmdEdit", "1 Music|2 Sport|3 Films"},
-            {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1 cmdEdit", rounds},
+            {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1 cmdEdit", "1 Films|2 Music|3 Sport"},
             {Round, "cmdMove_0", rounds},
             {Round, "@0 cmdMove_1", rounds, nullptr, "UPDATE ON Rounds"},
             // A score is rounded, a new one makes a result, another one changes it. What is no
@@ -241,7 +241,7 @@ private slots:
                 ShowScreen(*screen);
                 QString painted;
                 for (const auto& text :
-                     RecordedWidget(*screen->findChild<QTreeWidget*>()).Recorder.Texts)
+                     RecordedWidget(*screen->findChild<QTreeWidget*>()->viewport()).Recorder.Texts)
                     painted += text.Content + u' ';
                 QCOMPARE(painted.simplified().contains(said), isEmpty);
             }
