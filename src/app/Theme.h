@@ -28,7 +28,8 @@ bool IsDark();
 /// A picture of the icon family by its name, such as "add", in the set that suits the palette.
 QIcon Icon(const QString& name);
 
-/// The same for a row of a list, which is dark in either palette while it is selected.
+/// The same for a row of a list, which is dark in either palette while it is selected. Reads files:
+/// one picture serves all rows.
 QIcon RowIcon(const QString& name);
 
 } // namespace Theme

@@ -30,8 +30,8 @@ const QString NoScore = QStringLiteral("0");
 const QString Played = QStringLiteral("Y");
 const QString NotPlayed = QStringLiteral("N");
 
-void markEntered(QTreeWidgetItem& row) {
-    row.setIcon(TeamName, Theme::RowIcon(QStringLiteral("entered")));
+QIcon enteredIcon() {
+    return Theme::RowIcon(QStringLiteral("entered"));
 }
 
 // What was entered stands out: a score from the 0 of none, a played joker from the others.
@@ -53,10 +53,10 @@ void showNoResult(QTreeWidgetItem& row) {
     show(row, NoScore, false, false);
 }
 
-void showResult(QTreeWidgetItem& row, const Result& result) {
+void showResult(QTreeWidgetItem& row, const Result& result, const QIcon& entered) {
     show(row, QString::number(result.Score), true, result.Joker == 1);
     row.setText(ResultID, result.ResultID);
-    markEntered(row);
+    row.setIcon(TeamName, entered);
 }
 
 QLabel* label(const QString& name, const QString& caption, QWidget* buddy) {
@@ -237,9 +237,10 @@ void frmResultEntry::showResults(const QString& roundKey) {
         // The first result of a team counts, should a file hold several.
         if (!byTeam.contains(result->TeamID))
             byTeam.insert(result->TeamID, result.get());
+    const QIcon entered = enteredIcon();
     for (QTreeWidgetItem* row : m_teams->Rows()) {
         if (const Result* result = byTeam.value(RecordList::KeyOf(*row))) {
-            showResult(*row, *result);
+            showResult(*row, *result, entered);
         } else {
             showNoResult(*row);
         }
@@ -251,10 +252,11 @@ int frmResultEntry::CountEntries() {
 }
 
 int frmResultEntry::countEntries() {
+    const QIcon entered = enteredIcon();
     int count = 0;
     for (QTreeWidgetItem* row : m_teams->Rows())
         if (!row->text(ResultID).isEmpty()) {
-            markEntered(*row);
+            row->setIcon(TeamName, entered);
             ++count;
         }
     return count;
@@ -286,7 +288,7 @@ int frmResultEntry::updateResult(const QString& roundKey, const QString& teamKey
     result.RoundID = roundKey;
     if (!ResultDAO().Save(result))
         return 0;
-    showResult(row, result);
+    showResult(row, result, enteredIcon());
     return entry.Step;
 }
 
