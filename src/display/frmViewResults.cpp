@@ -52,7 +52,7 @@ frmViewResults::frmViewResults(QWidget* parent)
     , lblPrinted(new QLabel) {
     setObjectName(QStringLiteral("frmViewResults"));
     SetCaption(QStringLiteral("View Results"));
-    lvResults->SetEmptyText(QStringLiteral("No results yet"));
+    lvResults->SetEmptyText(QStringLiteral("No results yet: enter them in Result Entry (F6)"));
     lvResults->header()->setStretchLastSection(false);
     lvResults->header()->setSectionResizeMode(TeamNameColumn, QHeaderView::Stretch);
     lvResults->headerItem()->setTextAlignment(ScoreColumn, Qt::AlignRight | Qt::AlignVCenter);

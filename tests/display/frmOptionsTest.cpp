@@ -34,6 +34,7 @@ private slots:
         folder.Open();
         modCommon::AppSettings() = {};
         frmOptions screen(nullptr, nullptr);
+        ShowScreen(screen);
         const struct {
             const char *button, *swatch;
             QColor before, chosen;

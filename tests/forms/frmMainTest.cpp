@@ -130,7 +130,7 @@ private slots:
             {"", "!F7", wall.arg("Films Results")},
             {"", "#5 #6", wall.arg("Rankelo Results")},
             {"", "!F7 ?Films_Results !Escape", round.arg(0)},
-            {manyTeams, "!F8", wall.arg("Rankelo Results") + "; 174 teams do not fit, at no size"},
+            {manyTeams, "!F8", wall.arg("Rankelo Results") + "; 174 teams do not fit, no size of the list would"},
         };
         for (const auto& [statement, steps, status] : cases) {
             Console console;
