@@ -241,7 +241,7 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
     QLabel* label = makeLabel(number.label, number.caption);
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1StringView(number.box));
-    TextBoxFocus::Attach(box);
+    TextBoxFocus::Attach(box, TextBoxFocus::Colours::Palette);
     label->setBuddy(box);
     m_numberBoxes.push_back({box, number.setting});
     layout.addWidget(label, row, column);

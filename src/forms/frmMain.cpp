@@ -86,12 +86,12 @@ frmMain::frmMain()
 
 void frmMain::build() {
     m_rounds->setAccessibleName(QStringLiteral("Round"));
-    m_rounds->setMinimumHeight(6 * Theme::Unit);
     m_showAll->setObjectName(QStringLiteral("chkShowAllRound"));
     // What every round begins with is read from a step away.
     QFont large = font();
     large.setPointSizeF(font().pointSizeF() * 1.4);
     m_rounds->setFont(large);
+    m_rounds->setMinimumHeight(std::max(6 * Theme::Unit, m_rounds->sizeHint().height()));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(3 * Theme::Unit, 3 * Theme::Unit, 3 * Theme::Unit, 2 * Theme::Unit);

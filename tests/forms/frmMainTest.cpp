@@ -130,7 +130,8 @@ private slots:
             {"", "!F7", wall.arg("Films Results")},
             {"", "#5 #6", wall.arg("Rankelo Results")},
             {"", "!F7 ?Films_Results !Escape", round.arg(0)},
-            {manyTeams, "!F8", wall.arg("Rankelo Results") + "; 174 teams do not fit, no size of the list would"},
+            {manyTeams, "!F8",
+             wall.arg("Rankelo Results") + "; 174 teams do not fit, no size of the list would"},
         };
         for (const auto& [statement, steps, status] : cases) {
             Console console;
@@ -143,7 +144,7 @@ private slots:
         AppUtilities().OpenDocument = [](const QString&) { return false; };
         console.Play("!F1");
         QCOMPARE(console.Get<QLabel>("lblStatus").text(),
-                 "Nothing here opens the user guide. It lies in " + console.Path("Rankelo.PDF"));
+                 "Nothing here opens the user guide. It belongs in " + console.Path("Rankelo.PDF"));
     }
 
     // Where the keyboard stays at the console, the board hears its keys there, and the chooser as
