@@ -18,45 +18,68 @@ point() {
     xdotool mousemove $((X + WIDTH * $1 / 100)) $((Y + HEIGHT * $2 / 100))
 }
 
-# typed KEY...: a key that commands, counted.
-typed() {
-    press "$@"
-    commands=$((commands + $#))
-}
-
 scores="SELECT group_concat(Score || iif(Joker = 1, 'j', ''), ' ') FROM
         (SELECT * FROM Results JOIN Teams USING (TeamID) JOIN Rounds USING (RoundID)
          WHERE RoundNumber = 1 ORDER BY TeamName)"
 
 begin hands
 open_display 1280x720
-{
-    cat "$project/scripts/demo.sql"
-    echo "DELETE FROM Results WHERE RoundID LIKE '%1';"
-} >"$place/quiz.sql"
-new_folder Rankelo "$place/quiz.sql"
+new_folder Rankelo "$project/scripts/demo.sql"
+mapfile -t teams < <(sqlite3 "$folder/Rankelo.MDB" "DELETE FROM Results WHERE RoundID LIKE '%1';
+                     SELECT TeamName FROM Teams ORDER BY TeamName")
 start_program
 window "$console"
 
 point 40 12 # the closed chooser
 xdotool click 5 click 5
-picture wheel
 for _ in 1 2 3; do
     go_to "Result Entry" F6
     hold Return
-    window "Back of the Net"
+    window "${teams[0]}"
     stored "$scores" ""
     go_to "Result Entry" Escape
     hold Escape
     window "$console"
 done
 
-point 22 40 # Teams Setup
-picture tile
-xdotool click --repeat 2 --delay 60 1
+point 22 40 # Teams Setup; a team is listed at that place of the screen that opens
+xdotool click --repeat 2 --delay 100 1
 window "Team Entry"
-picture teams
 press Return
 ask_focus
 stored "SELECT COUNT(*) FROM Teams" 12
 go_to "$console" Escape
+
+# The first round is still the one in the chooser. Its sheet takes Enter, then Down behind each score,
+# and Tab and Space for a joker: at most 13 keys that command for 10 scores.
+go_to "Result Entry" F6
+keys=Return
+for team in "${teams[@]}"; do
+    go_to "$team" ${keys##* }
+    enter_text 7
+    [[ $team != Last* ]] || { press Tab space; keys+=" Tab space"; }
+    keys+=" Down"
+done
+go_to "Result Entry" Down
+stored "$scores" "7 7 7j 7 7 7 7 7 7 7 7 7"
+(($(wc -w <<<"$keys") * 10 <= 13 * ${#teams[@]})) || fail "too many keys: $keys"
+
+press Home
+go_to "${teams[0]}" Return
+for joker in 7j 7 7j; do
+    focus chkJoker
+    hold space
+    go_to "Result Entry" Return
+    stored "$scores" "$joker 7 7j 7 7 7 7 7 7 7 7 7"
+    go_to "${teams[0]}" Return
+done
+for team in "${teams[@]:1:3}"; do
+    hold Down
+    window "$team"
+done
+go_to "Result Entry" Escape
+go_to "$console" Escape
+go_to "Exit Application" Escape
+press alt+y
+ended_with 0
+said_nothing
