@@ -79,6 +79,7 @@ frmMain::frmMain()
     new KeyPreview(this, KeyPreview::Releases::Swallow,
                    [this](int key, const QKeyEvent& event) { return onKey(key, event); });
     ListRounds(NoPreference);
+    showStatus();
     setWindowTitle(
         QStringLiteral("%1 - [%2]")
             .arg(QLatin1StringView(ProductInfo::Name), QLatin1StringView(ProductInfo::Version)));
@@ -201,10 +202,10 @@ void frmMain::ListRounds(qint32 selectPosition) {
 }
 
 void frmMain::listRounds(qint32 selectPosition) {
+    const QSignalBlocker quiet(m_rounds); // the status is read once, when the rounds are there
     m_rounds->Fill(numberedName);
     const int wanted = selectPosition == NoPreference ? 0 : std::max(selectPosition, 0) - 1;
     m_rounds->setCurrentIndex(wanted);
-    showStatus();
 }
 
 void frmMain::RunCommand(qint32 command) {
@@ -239,10 +240,10 @@ void frmMain::dispatch(qint32 command) {
         return;
     case PreviousRound:
         step(-1);
-        break;
+        return;
     case NextRound:
         step(+1);
-        break;
+        return;
     case ExitProgram:
         askToExit();
         break;
@@ -286,7 +287,6 @@ void frmMain::step(int by) {
     const int wanted = m_rounds->currentIndex() + by;
     if (wanted >= 0 && wanted < m_rounds->count())
         m_rounds->setCurrentIndex(wanted);
-    showStatus();
 }
 
 void frmMain::askToExit() {
