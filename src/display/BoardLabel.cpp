@@ -52,28 +52,29 @@ void BoardLabel::SetShrinking(double smallestShare, const QString& longest) {
     m_longest = longest;
 }
 
-// The room that the text may take: a hair inside the edges, so that no glyph touches them.
-QRectF BoardLabel::textBox() const {
-    const double inset = QFontMetricsF(font()).averageCharWidth() / 4;
-    QRectF box = QRectF(rect()).adjusted(inset, 0, -inset, 0);
-    if (m_cover && m_cover->isVisible())
-        box.setRight(std::min(box.right(), m_cover->x() - x() - inset));
-    return box;
+// A hair of room on each side, so that no glyph touches the edge of its box.
+double BoardLabel::insetFor(const QFont& font) {
+    return QFontMetricsF(font).averageCharWidth() / 4;
 }
 
-QFont BoardLabel::fittingFont(const QString& text, double width) const {
+double BoardLabel::roomEnd() const {
+    return m_cover && m_cover->isVisible() ? std::min(width(), m_cover->x() - x()) : width();
+}
+
+QFont BoardLabel::fittingFont(const QString& text) const {
     QFont fitting = font();
     const double smallest = fitting.pointSizeF() * m_smallestShare;
     // Glyphs do not shrink quite as much as their font.
     constexpr double step = 0.97;
     while (fitting.pointSizeF() > smallest) {
         const QFontMetricsF metrics(fitting);
+        const double room = roomEnd() - 2 * insetFor(fitting);
         const double needed =
             std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(m_longest));
-        if (needed <= width)
+        if (needed <= room)
             break;
-        fitting.setPointSizeF(std::max(
-            smallest, fitting.pointSizeF() * std::min(step, std::max(0.5, width / needed))));
+        fitting.setPointSizeF(
+            std::max(smallest, fitting.pointSizeF() * std::clamp(room / needed, 0.5, step)));
     }
     return fitting;
 }
@@ -83,10 +84,11 @@ void BoardLabel::paintEvent(QPaintEvent*) {
     QString line = text();
     std::replace_if(
         line.begin(), line.end(), [](QChar c) { return c.isSpace(); }, u' ');
-    const QRectF box = textBox();
+    const QFont drawn = fittingFont(line);
+    const double inset = insetFor(drawn);
+    const QRectF box(inset, 0, roomEnd() - 2 * inset, height());
     if (line.isEmpty() || box.width() <= 0)
         return;
-    const QFont drawn = fittingFont(line, box.width());
     const QFontMetricsF metrics(drawn);
     const QString shown = metrics.horizontalAdvance(line) <= box.width()
                               ? line

@@ -27,8 +27,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QRectF textBox() const;
-    QFont fittingFont(const QString& text, double width) const;
+    static double insetFor(const QFont& font);
+    /// Where the text must end, in pixels from the left.
+    double roomEnd() const;
+    QFont fittingFont(const QString& text) const;
 
     QPointer<const QWidget> m_cover;
     double m_smallestShare = 1;
