@@ -11,13 +11,6 @@ hold() {
     ask_focus
 }
 
-# point X Y: puts the mouse on the window with the keyboard, in percent of its size.
-point() {
-    local WINDOW X Y WIDTH HEIGHT SCREEN
-    eval "$(xdotool getwindowfocus getwindowgeometry --shell)"
-    xdotool mousemove $((X + WIDTH * $1 / 100)) $((Y + HEIGHT * $2 / 100))
-}
-
 scores="SELECT group_concat(Score || iif(Joker = 1, 'j', ''), ' ') FROM
         (SELECT * FROM Results JOIN Teams USING (TeamID) JOIN Rounds USING (RoundID)
          WHERE RoundNumber = 1 ORDER BY TeamName)"
@@ -30,8 +23,7 @@ mapfile -t teams < <(sqlite3 "$folder/Rankelo.MDB" "DELETE FROM Results WHERE Ro
 start_program
 window "$console"
 
-point 40 12 # the closed chooser
-xdotool click 5 click 5
+xdotool getwindowfocus mousemove --window %1 300 60 click 5 click 5 # the closed chooser
 for _ in 1 2 3; do
     go_to "Result Entry" F6
     hold Return
@@ -42,8 +34,8 @@ for _ in 1 2 3; do
     window "$console"
 done
 
-point 22 40 # Teams Setup; a team is listed at that place of the screen that opens
-xdotool click --repeat 2 --delay 100 1
+# Teams Setup; a team is listed at that place of the screen that opens.
+xdotool getwindowfocus mousemove --window %1 167 160 click --repeat 2 --delay 100 1
 window "Team Entry"
 press Return
 ask_focus
@@ -55,7 +47,7 @@ go_to "$console" Escape
 go_to "Result Entry" F6
 keys=Return
 for team in "${teams[@]}"; do
-    go_to "$team" ${keys##* }
+    go_to "$team" "${keys##* }"
     enter_text 7
     [[ $team != Last* ]] || { press Tab space; keys+=" Tab space"; }
     keys+=" Down"
@@ -77,9 +69,4 @@ for team in "${teams[@]:1:3}"; do
     hold Down
     window "$team"
 done
-go_to "Result Entry" Escape
-go_to "$console" Escape
-go_to "Exit Application" Escape
-press alt+y
-ended_with 0
 said_nothing

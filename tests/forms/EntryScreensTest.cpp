@@ -124,7 +124,7 @@ private slots:
              "Ants 1 N X1|Bees 2 Y X2|Cats 3 N "},
             {Scores, "@2 !Return =3 !Up ?Bees =2 !Up ?Ants =1 !Up",
              "Ants 1 N X1|Bees 2 Y X2|Cats 3 N "},
-            {Scores, "@0 !Return =1 !Down ~Down ~Up ?Bees !Escape !Return ?Bees =2 !Return",
+            {Scores, "@0 !Return =1 !Down ~Down ~Down ?Bees !Escape !Return ?Bees =2 !Return",
              "Ants 1 N X1|Bees 2 Y X2|Cats 0 N "},
             {Scores, "@0 !Return =9 !Down", scores, nullptr, "UPDATE ON Results"},
             {Scores, "@@1 =99999999999 !Return", scores, nullptr, nullptr, "[GetEntry/modForms]"},
