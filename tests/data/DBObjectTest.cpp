@@ -94,16 +94,6 @@ private slots:
         QVERIFY(AppDatabase().ExecuteSQL(Insert));
     }
 
-    void readsAListWholeOrNotAtAll() {
-        AppFolder folder;
-        folder.Open();
-        const QString list = u"SELECT abs(column1) FROM (VALUES (-7),(%1))"_s;
-        QVERIFY(AppDatabase().GetRecordSet(list.arg(8)));
-        QVERIFY(!AppDatabase().GetRecordSet(list.arg(u"-9223372036854775808"_s)));
-        const QString report = folder.TakeReports().join(u' ');
-        QCOMPARE(report, u"9700 : [1] integer overflow [GetRecordSet/DBObject]"_s);
-    }
-
     // Each reset leaves a whole copy of the quiz, also two in one minute; none is made of an empty
     // quiz. Where no copy can be made, that is told.
     void keepsACopyOfTheQuiz() {
