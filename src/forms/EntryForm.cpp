@@ -86,11 +86,9 @@ bool EntryForm::FillList() {
 }
 
 bool EntryForm::onKey(int key) {
-    if (key == Qt::Key_Escape)
-        close();
-    else if (key != Qt::Key_Return || !m_texts.enterAdds)
+    if (key != Qt::Key_Return || !m_texts.enterAdds)
         return false;
-    else if (!m_box->text().trimmed().isEmpty())
+    if (!m_box->text().trimmed().isEmpty())
         clickAdd();
     return true;
 }

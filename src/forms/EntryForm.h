@@ -53,9 +53,6 @@ protected:
     /// there again when the screen is opened anew. False when the data operation failed.
     bool save(qint32 action, const QString& key);
 
-    /// Puts the selected row's name into the box.
-    void copyNameToBox();
-
     RecordList& list() const { return *m_list; }
     QHBoxLayout& buttons() const { return *m_buttons; }
 
@@ -68,6 +65,7 @@ private:
     bool add();
     bool rename(const QString& key);
     bool remove(const QString& key);
+    void copyNameToBox();
     void takeLines(const QString& text);
     QString selectedKey() const;
     bool tellWhenFailed(bool done);

@@ -56,8 +56,7 @@ bool KeyPreview::onPress(QWidget* focused, const QKeyEvent& event) {
         return true;
     auto* button = qobject_cast<QAbstractButton*>(focused);
     if (m_releases == Releases::Swallow && button && event.key() == Qt::Key_Space) {
-        if (!event.isAutoRepeat())
-            button->click();
+        button->click();
         return true;
     }
     return false;

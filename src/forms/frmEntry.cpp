@@ -117,8 +117,6 @@ bool frmEntry::onKey(int key) {
         confirm(1);
     else if (key == Qt::Key_Up)
         confirm(-1);
-    else if (key == Qt::Key_Escape)
-        reject();
     else
         return false;
     return true;

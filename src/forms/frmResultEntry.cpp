@@ -308,11 +308,8 @@ void frmResultEntry::editFromSelectedRow() {
 }
 
 bool frmResultEntry::onKey(int key) {
-    if (key == Qt::Key_Escape)
-        close();
-    else if (key == Qt::Key_Return)
-        editFromSelectedRow();
-    else
+    if (key != Qt::Key_Return)
         return false;
+    editFromSelectedRow();
     return true;
 }

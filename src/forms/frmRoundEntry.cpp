@@ -107,8 +107,6 @@ void frmRoundEntry::move(int index) {
     if (!RoundDAO().Reorder(key, direction))
         return;
     // The same round is selected again, wherever its number has put it.
-    const QSignalBlocker quiet(&list());
     if (FillList())
         list().setCurrentItem(list().RowOf(key));
-    copyNameToBox();
 }

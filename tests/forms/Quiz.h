@@ -73,7 +73,7 @@ struct Opened : Quiz {
 
     /// Takes steps parted by blanks, also in the dialogs that they open; "_" in them is a blank.
     /// "@2" clicks on row 2, "@@2" twice, "@>2" twice with the right button, and "@^2" as the
-    /// second half of a double click begun elsewhere; "!Return" presses the key and "~Return" holds
+    /// second half of a double click begun elsewhere; "!Return" presses the key, "~Return" holds
     /// it,
     /// "=text" types, "+text" pastes, with "/" for each line end, "?text" waits for the window or
     /// message with that title or text, "#2" runs a command of the console, "&name" clicks twice on

@@ -45,7 +45,7 @@ private slots:
             {"#1", "!F2", "cmdRoundSetup", "?Round_Entry !Escape", "[1] Music"},
             {"#2", "!F3", "cmdTeamSetup", "?Team_Entry !Escape"},
             {"#3", "", "cmdConfiguration", "?Settings cmdAbout ?Rankelo cmdClose cmdClose"},
-            {"#4", "!F6", "cmdResultsEntry", "?Result_Entry @2 !Return !Return !Escape"},
+            {"#4", "!F6", "cmdResultsEntry", "?Result_Entry @1 !Return ?Bees !Return !Escape"},
             {"#5", "!F7", "cmdDisplayRound", "?Films_Results"},
             {"#6", "!F8", "cmdDisplayLeader", "?Rankelo_Results"},
             {"#7", "", "cmdViewResults", "?Films_Results !Escape"},
@@ -65,8 +65,9 @@ private slots:
                     console.Get(button).setFocus();
                 console.Play(way + u' ' + steps);
                 QCOMPARE(console.rounds.currentText(), round);
-                QCOMPARE(console.Stored("SELECT RoundID FROM Results WHERE TeamID='T3'"),
-                         number == "#4" ? "R2" : "");
+                // The chosen round is opened, and not by way of another one.
+                QCOMPARE(console.Stored("SELECT RoundID FROM Results WHERE TeamID='T2'"),
+                         number == "#4" ? "R1|R2" : "R1");
             }
     }
 
@@ -167,13 +168,17 @@ private slots:
         QCOMPARE(console.rounds.currentText(), "[3] Sport");
     }
 
-    // A new board takes the place of one that is still open.
+    // A new board takes the place of one that is still open. Of equal scores in a round, the one
+    // with fewer points before doubling comes first.
     void hidesThePodiumUnlessTheBoxSaysSo() {
         for (const char* steps :
              {"!F4 #6 #5", "!F4 #5 #6", "chkShowAllRound !F4 #5", "chkShowAllRound !F4 #6"}) {
             Console console;
+            RunForeign(console.DatabasePath(), {"UPDATE Results SET Score=14 WHERE TeamID='T1'"});
             console.Play(steps);
-            QCOMPARE(Control<QWidget>(*Quiz::Board(), "lblLabel1").isVisible(), steps[0] == 'c');
+            const auto& team = Control<QLabel>(*Quiz::Board(), "lblLabel2");
+            QCOMPARE(team.text(), QString(steps).endsWith("#5") ? "Bees" : "Ants");
+            QCOMPARE(team.isVisible(), steps[0] == 'c');
         }
     }
 
@@ -181,13 +186,16 @@ private slots:
     // wrong, without a round a message. The close box does nothing.
     void opensNothingThatCannotBeFilled() {
         Console console;
-        QVERIFY(!console.screen->close());
+        auto& screen = static_cast<frmMain&>(*console.screen);
+        QVERIFY(!screen.close());
+        screen.ListRounds(3);
+        QCOMPARE(console.rounds.currentText(), "[3] Sport");
         RunForeign(console.DatabasePath(), {"DROP TABLE Rounds", "DROP TABLE Teams"});
         for (const char* steps : {"#1", "#2", "#4", "#5", "#6", "#7", "#8"}) {
             console.Play(steps);
             QVERIFY2(!console.TakeReports().isEmpty() && !Quiz::Board(), steps);
         }
-        static_cast<frmMain&>(*console.screen).ListRounds(-1);
+        screen.ListRounds(-1);
         for (const QString number : {"#4", "#5", "#7"})
             console.Play(number + " ?You_need_to_select_a_round !Return");
         console.Play("#12 #13");
