@@ -6,7 +6,7 @@ set -euo pipefail
 export LC_ALL=C.UTF-8
 cd "$(dirname "$0")/../.."
 
-one_line() { tr '\n' ' ' | sed -E 's/ +/ /g; s/&amp;/\&/g'; }
+one_line() { tr '\n\f' '  ' | sed -E 's/ +/ /g; s/&amp;/\&/g'; }
 guide=$(one_line <docs/guide/guide.html)
 source_text=$(cat src/*.cpp src/*/*.cpp | one_line)
 pdf=$(pdftotext assets/Rankelo.PDF - | one_line)
