@@ -4,6 +4,7 @@
 #include "display/Render.h"
 #include "display/frmSummary.h"
 #include "support/AppFolder.h"
+#include "support/Operator.h"
 
 #include <QLabel>
 #include <QPointer>

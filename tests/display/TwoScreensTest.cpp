@@ -1,8 +1,11 @@
 #include "TestBoard.h"
-#include "support/Operator.h"
 
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QProcess>
 #include <QScreen>
 #include <QTest>
 #include <qpa/qplatformnativeinterface.h>
@@ -16,17 +19,39 @@ Function screenFunction(const char* name) {
         QGuiApplication::platformNativeInterface()->nativeResourceForIntegration(name));
 }
 
-QJsonObject screens() {
+QJsonObject setup() {
     return screenFunction<QJsonObject (*)(QPlatformNativeInterface*)>("configuration")(
         QGuiApplication::platformNativeInterface());
 }
 
-void setScreens(const QJsonObject& setup) {
+void setScreens(const QJsonArray& list) {
+    QJsonObject changed = setup();
+    changed["screens"] = list;
     screenFunction<void (*)(const QJsonObject&, QPlatformNativeInterface*)>("setConfiguration")(
-        setup, QGuiApplication::platformNativeInterface());
+        changed, QGuiApplication::platformNativeInterface());
 }
 
 } // namespace
+
+/// The desktop's screen saver; it may be slow to answer.
+class ScreenSaver : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
+
+public:
+    QStringList Heard;
+    bool IsSlow = false;
+    QDBusMessage Unanswered;
+
+public slots:
+    uint Inhibit(const QString& program, const QString& /*reason*/) {
+        Heard.append("Inhibit " + program);
+        setDelayedReply(IsSlow);
+        Unanswered = message();
+        return 7;
+    }
+    void UnInhibit(uint request) { Heard.append("UnInhibit " + QString::number(request)); }
+};
 
 // The operator's screen has 96 dots to the inch, the projector beside it 120.
 class TwoScreensTest : public QObject {
@@ -36,6 +61,37 @@ private slots:
     void initTestCase() {
         PrepareApplication();
         QCOMPARE(QGuiApplication::screens().size(), 2);
+        m_bus.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+        QVERIFY(m_bus.waitForReadyRead());
+        const QByteArray address = m_bus.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        auto desktop = QDBusConnection::connectToBus(QString::fromUtf8(address), "desktop");
+        QVERIFY(desktop.registerObject("/org/freedesktop/ScreenSaver", &m_saver,
+                                       QDBusConnection::ExportAllSlots));
+        QVERIFY(desktop.registerService("org.freedesktop.ScreenSaver"));
+    }
+    void cleanupTestCase() {
+        m_bus.kill();
+        m_bus.waitForFinished();
+    }
+
+    // At first, before the other boards have been heard of.
+    void sleepsNotWhileABoardIsOpen() {
+        for (const bool isSlow : {false, true}) {
+            m_saver.Heard.clear();
+            m_saver.IsSlow = isSlow;
+            const TestBoard board;
+            frmSummary picture(nullptr, frmSummary::Use::Picture);
+            QVERIFY(Render({}).RenderResults(picture, {}, "", 0));
+            QVERIFY(board.Render(RowsAt({1, 2})));
+            QTRY_COMPARE(m_saver.Heard, QStringList{"Inhibit Rankelo"});
+            QTest::keyClick(board.Screen, Qt::Key_Escape);
+            if (isSlow) {
+                QTRY_VERIFY(!board.Screen);
+                QDBusConnection("desktop").send(m_saver.Unanswered.createReply(9U));
+            }
+            QTRY_COMPARE(m_saver.Heard.value(1), isSlow ? "UnInhibit 9" : "UnInhibit 7");
+        }
     }
 
     void opensBesideTheConsole() {
@@ -64,26 +120,20 @@ private slots:
 
     // A projector that changes its resolution while the board is open.
     void followsTheResolution() {
-        const QJsonObject before = screens();
-        QJsonObject after = before;
-        QJsonArray list = before["screens"].toArray();
+        const QJsonArray list = setup()["screens"].toArray();
         QJsonObject projector = list[1].toObject();
         projector["width"] = 800;
-        list[1] = projector;
-        after["screens"] = list;
         const TestBoard board;
         board.Screen->Build([&] { QVERIFY(board.Render(RowsAt({1}))); });
         const QRect name = board.Element(2).geometry();
-        setScreens(after);
+        setScreens({list[0], projector});
         QTRY_COMPARE(board.Screen->width(), 800);
         QTRY_VERIFY(board.Element(2).geometry().right() < name.right() - 150);
-        setScreens(before);
+        setScreens(list);
     }
 
     void goesWithItsScreen() {
-        const QJsonObject both = screens();
-        QJsonObject alone = both;
-        alone["screens"] = QJsonArray{both["screens"].toArray()[0]};
+        const QJsonArray both = setup()["screens"].toArray();
         QWidget console;
         ShowScreen(console);
         // Plugged in again, the projector has the board again.
@@ -91,7 +141,7 @@ private slots:
             const TestBoard board;
             QVERIFY(board.Render(RowsAt({1, 2, 3}), 4));
             QCOMPARE(board.Screen->screen()->name(), "projector");
-            setScreens(alone);
+            setScreens({both[0]});
             QTRY_VERIFY(!board.Screen);
             QVERIFY(console.isVisible());
             // Asked for without a projector, it covers the only screen there is.
@@ -102,6 +152,10 @@ private slots:
             QVERIFY2(other.Screen->isVisible(), "a cable plugged in closes nothing");
         }
     }
+
+private:
+    QProcess m_bus;
+    ScreenSaver m_saver;
 };
 
 QTEST_MAIN(TwoScreensTest)

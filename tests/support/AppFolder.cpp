@@ -4,8 +4,6 @@
 #include "core/Logging.h"
 #include "data/DBObject.h"
 
-#include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -92,19 +90,6 @@ AppFolder::~AppFolder() {
     AppLog().ShowError = nullptr;
 }
 
-QString AppFolder::Path(const QString& file) const {
-    return m_folder + u'/' + file;
-}
-
-QStringList AppFolder::Files() const {
-    return QDir(m_folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                                    QDir::Name);
-}
-
 void AppFolder::Open() const {
     require(AppDatabase().OpenDatabase(), AppLog().Description());
-}
-
-QStringList AppFolder::TakeReports() {
-    return std::exchange(m_reports, {});
 }

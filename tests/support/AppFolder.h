@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <QDir>
 #include <QTemporaryDir>
 #include <QVariant>
 
@@ -15,19 +14,20 @@ public:
     ~AppFolder();
     Q_DISABLE_COPY(AppFolder)
 
-    /// The full path of a file in the folder.
-    QString Path(const QString& file) const;
+    QString Path(const QString& file) const { return m_folder + u'/' + file; }
     QString DatabasePath() const { return Path("Rankelo.MDB"); }
     QString IniPath() const { return Path("Rankelo.INI"); }
     /// The names of everything in the folder, sorted.
-    QStringList Files() const;
+    QStringList Files() const {
+        return QDir(m_folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
 
     /// Opens the database; the test ends at once when that fails.
     void Open() const;
 
     /// What was reported since the last call, oldest first, as the operator would see it:
     /// "9700 : [number] description [procedure/component]".
-    QStringList TakeReports();
+    QStringList TakeReports() { return std::exchange(m_reports, {}); }
 
 private:
     QTemporaryDir m_parent;
@@ -35,7 +35,6 @@ private:
     QStringList m_reports;
 };
 
-/// The bytes of an empty database made from the schema.
 const QByteArray& EmptyDatabase();
 
 /// Small file helpers that end the test when they fail.

@@ -11,13 +11,12 @@ struct HostileText {
         : What(what)
         , Text(text)
         , Stored(stored.isEmpty() ? text : stored)
-        , IsRefused(text.contains(QChar(0)))
         , Pasted(pasted.isEmpty() ? Stored : pasted) {}
 
     const char* What;
     QString Text;
     QString Stored; ///< what a save through the data classes makes of it
-    bool IsRefused;
+    bool IsRefused = Text.contains(QChar(0));
     QString Pasted; ///< what the entry screens make of it: a line that ends in "|" is one record
 };
 

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QPointer>
-#include <QString>
 
 #include <functional>
 #include <list>
@@ -26,18 +25,14 @@ T& Control(const QWidget& screen, const QString& name) {
     return *control;
 }
 
-/// Presses and releases a key.
 void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// What a key that is held down sends again and again.
 void Hold(int key);
 /// True when the release of a key that nobody wants gets as far as the control in use.
 bool ReleaseArrives();
-/// Types a text, one press for each character.
 void Type(const QString& text);
-/// Pastes a text over what is selected.
 void Paste(const QString& text);
 void Click(QWidget& control, bool twice = false);
-/// Turns the wheel over a control.
 void Wheel(QWidget& control);
 
 enum class Clicks {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QPaintDevice>
 #include <QPaintEngine>
+#include <QPixmap>
 #include <QWidget>
 
 /// Remembers every text that is drawn instead of painting it.
@@ -29,35 +29,13 @@ struct PaintRecorder : QPaintEngine {
     QList<Text> Texts;
 };
 
-/// A surface as large as a control, with the resolution of the control's screen.
-struct RecordedWidget : QPaintDevice {
+/// A picture as large as a control.
+struct RecordedWidget : QPixmap {
     explicit RecordedWidget(QWidget& widget)
-        : m_widget(widget) {
+        : QPixmap(widget.size()) {
         widget.render(this, {}, {}, {});
     }
     QPaintEngine* paintEngine() const override { return &Recorder; }
 
     mutable PaintRecorder Recorder;
-
-protected:
-    int metric(PaintDeviceMetric what) const override {
-        switch (what) {
-        case PdmWidth:
-            return m_widget.width();
-        case PdmHeight:
-            return m_widget.height();
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return m_widget.logicalDpiX();
-        case PdmDevicePixelRatioScaled:
-            return static_cast<int>(devicePixelRatioFScale());
-        default:
-            return 1;
-        }
-    }
-
-private:
-    QWidget& m_widget;
 };
