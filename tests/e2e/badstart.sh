@@ -20,10 +20,8 @@ while read -r file reason breakage; do
     [[ $(wc -l <"$place/stderr") == 1 && $(<"$place/stderr") =~ "$folder/$file".*($reason) ]] ||
         fail "$breakage: \"$(<"$place/stderr")\" instead of one line about $file: $reason"
 done <<'END'
-Rankelo.MDB not.found rm Rankelo.MDB
 Rankelo.MDB not.found|folder rm Rankelo.MDB && mkdir Rankelo.MDB
 Rankelo.MDB not.a.quiz.database echo "Dear quiz master, these are the teams: ..." >Rankelo.MDB
-Rankelo.MDB MaxScore sqlite3 Rankelo.MDB "ALTER TABLE Rounds DROP COLUMN MaxScore"
 Rankelo.INI CellPadX printf '[Application]\nFontSize=32\nCellPadX=wide\n' >Rankelo.INI
 END
 

@@ -134,15 +134,12 @@ if [[ $1 == sway-xwayland ]]; then
     swaymsg '[title="^Rankelo Results"] move container to output HEADLESS-2' >/dev/null
 fi
 sees hidden board_is_on 2 "$below"
-strike 3
-below="$behind $third $below"
-sees third board_is_on 2 "$below"
-strike 2
-below="$behind $second $behind $second $below"
-sees second board_is_on 2 "$below"
-within_patience "the console" turned_to "Rankelo - "
-strike 1
-sees first board_is_on 2 "$behind $first $below"
+for revealed in "3 $behind $third" "2 $behind $second $behind $second" "1 $behind $first"; do
+    strike "${revealed%% *}"
+    below="${revealed#* } $below"
+    sees "${revealed%% *}" board_is_on 2 "$below"
+    within_patience "the console" turned_to "Rankelo - "
+done
 within_patience "the board" turned_to "Rankelo Results"
 strike Escape
 sees gone board_is_gone
