@@ -127,13 +127,16 @@ private slots:
         using enum FaultyDisk::Kind;
         constexpr int untilReopened = FaultyDisk::UntilReopened;
         constexpr int always = FaultyDisk::Always;
-        const std::tuple<FaultyDisk::Kind, int, int> faults[] = {
-            {Reads, EIO, 1},         {Reads, EIO, untilReopened},
-            {Reads, EIO, always},    {Reads, ENODEV, always},
-            {Writes, EIO, 1},        {Writes, EIO, untilReopened},
-            {Writes, EIO, always},   {Writes, ENOSPC, always},
-            {Writes, EROFS, always},
-        };
+        const std::tuple<FaultyDisk::Kind, int, int> faults[] = {{Reads, EIO, 1},
+                                                                 {Reads, EIO, untilReopened},
+                                                                 {Reads, EIO, always},
+                                                                 {Reads, ENXIO, untilReopened},
+                                                                 {Reads, ENODEV, always},
+                                                                 {Writes, EIO, 1},
+                                                                 {Writes, EIO, untilReopened},
+                                                                 {Writes, EIO, always},
+                                                                 {Writes, ENOSPC, always},
+                                                                 {Writes, EROFS, always}};
         for (const auto& [kind, error, times] : faults)
             for (int call = 1, isReached = 1; isReached; ++call) {
                 AppFolder folder;
