@@ -103,7 +103,7 @@ private slots:
             {Round, "@2 cmdMove_0" + deletion + "!Return", "1 Music|3 Films"},
             {Round, "@0 cmdMove_0" + deletion + "!Return", "1 Films|2 Sport"},
             {Round, "@1 cmdMove_0 cmdMove_1 cmdMove_1 cmdEdit", "1 Music|2 Sport|3 Films"},
-            {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1 cmdEdit", "1 Films|2 Music|3 Sport"},
+            {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1" + deletion + "!Return", "2 Music|3 Sport"},
             {Round, "cmdMove_0", rounds},
             {Round, "@0 txtRoundName =x cmdMove_1 cmdAdd", rounds + "|4 x", nullptr,
              "UPDATE ON Rounds"},
