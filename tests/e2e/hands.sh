@@ -35,7 +35,7 @@ for _ in 1 2 3; do
 done
 
 # Teams Setup; a team is listed at that place of the screen that opens.
-xdotool getwindowfocus mousemove --window %1 266 140 click --repeat 2 --delay 100 1
+xdotool getwindowfocus mousemove --window %1 266 140 click --repeat 2 --delay 40 1
 window "Team Entry"
 press Return
 ask_focus
