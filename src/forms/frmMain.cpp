@@ -260,7 +260,9 @@ void frmMain::followBoard() {
     if (!board)
         return;
     connect(board, &frmSummary::built, this, &frmMain::showStatus, Qt::UniqueConnection);
-    connect(board, &QObject::destroyed, this, &frmMain::showStatus, Qt::UniqueConnection);
+    // Queued: it is told while the board is still being taken apart.
+    connect(board, &QObject::destroyed, this, &frmMain::showStatus,
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
 }
 
 // 4 keeps places 1 to 3 hidden until the operator reveals them; 0 shows every line at once.
