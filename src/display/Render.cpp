@@ -55,8 +55,8 @@ QFont fontOf(const RenderObject& element) {
 
 } // namespace
 
-Render::Render(const DisplaySettings& settings)
-    : m_settings(settings) {}
+Render::Render(DisplaySettings settings)
+    : m_settings(std::move(settings)) {}
 
 bool Render::ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption) {
     return Guarded("ViewResults", Component, false, [&] {

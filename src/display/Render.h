@@ -22,7 +22,7 @@ class frmViewResults;
 class Render {
 public:
     /// Draws in these settings.
-    explicit Render(const DisplaySettings& settings);
+    explicit Render(DisplaySettings settings);
 
     /// Fills the results list, shows it and returns when it is closed.
     bool ViewResults(frmViewResults& screen, const SummaryList& list, const QString& caption);

@@ -321,9 +321,9 @@ void frmOptions::save() {
 // A click on a colour chooses another one, as its button does.
 bool frmOptions::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease)
-        for (const auto& [swatch, setting] : m_swatches)
-            if (swatch == watched)
-                Guarded("lblColour_Click", Component, [&] { chooseColour(*swatch); });
+        for (const Swatch& swatch : m_swatches)
+            if (swatch.label == watched)
+                Guarded("lblColour_Click", Component, [&] { chooseColour(*swatch.label); });
     return QDialog::eventFilter(watched, event);
 }
 

@@ -14,9 +14,9 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 
-EntryForm::EntryForm(const Texts& texts, const Records& records, QWidget* parent)
+EntryForm::EntryForm(Texts texts, const Records& records, QWidget* parent)
     : QDialog(parent)
-    , m_texts(texts)
+    , m_texts(std::move(texts))
     , m_records(records)
     , m_list(new RecordList(m_texts.list, m_texts.columns))
     , m_box(new QLineEdit)

@@ -46,7 +46,7 @@ public:
 protected:
     enum Action : qint32 { Add = 0, Edit = 1, Delete = 2 };
 
-    EntryForm(const Texts& texts, const Records& records, QWidget* parent);
+    EntryForm(Texts texts, const Records& records, QWidget* parent);
 
     /// Adds, renames or deletes, then brings the list up to date. A deletion that the operator
     /// cancels takes the row from the list all the same; the database keeps the record, and it is
