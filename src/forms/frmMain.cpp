@@ -255,7 +255,7 @@ void frmMain::dispatch(qint32 command) {
 }
 
 // The status says what stands on the wall from the moment the board is there until it closes.
-void frmMain::followBoard() {
+void frmMain::followBoard() const {
     const frmSummary* board = modForms::OpenBoard();
     if (!board)
         return;

@@ -53,7 +53,7 @@ private:
     void showStatus();
     void say(const QString& text);
     void openGuide();
-    void followBoard();
+    void followBoard() const;
 
     RoundChooser* m_rounds;
     QCheckBox* m_showAll;
