@@ -59,6 +59,8 @@ qint32 ToInt32(QStringView text) {
 qint32 ToInt32(const QVariant& value) {
     if (value.isNull())
         throw RuntimeError(ErrorNumber::InvalidUseOfNull, QStringLiteral("Invalid use of Null"));
+    if (value.typeId() == QMetaType::LongLong)
+        return narrow(value.toLongLong());
     return ToInt32(QStringView(value.toString()));
 }
 

@@ -8,9 +8,14 @@ RecordSet::RecordSet(QStringList names, std::vector<QVariant> values)
 
 const QVariant& RecordSet::Field(const char* name) const {
     const QLatin1StringView wanted(name);
-    for (int i = 0; i < m_names.size(); ++i)
-        if (m_names[i].compare(wanted, Qt::CaseInsensitive) == 0)
-            return Field(i);
+    const auto count = static_cast<int>(m_names.size());
+    for (int i = 0; i < count; ++i) {
+        const int position = (m_expected + i) % count;
+        if (m_names[position].compare(wanted, Qt::CaseInsensitive) == 0) {
+            m_expected = position + 1;
+            return Field(position);
+        }
+    }
     constexpr qint32 noSuchItem = 3265;
     throw RuntimeError(noSuchItem, QStringLiteral("The query gives no field %1").arg(wanted));
 }

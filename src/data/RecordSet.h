@@ -25,4 +25,7 @@ private:
     QStringList m_names;
     std::vector<QVariant> m_values;
     std::size_t m_row = 0; ///< where the current row begins
+    /// Where a name is looked for first: behind the field asked for last, since every row is asked
+    /// for the same fields in the order in which they stand.
+    mutable int m_expected = 0;
 };

@@ -20,6 +20,27 @@ double luminance(const QColor& color) {
            0.0722 * linear(color.blueF());
 }
 
+struct FittedText {
+    QFont Font;
+    double Inset; ///< a hair of room on each side, so that no glyph touches the edge of its box
+    double Width;
+};
+
+// A text in the largest font, down to the smallest size in points, in which it has room.
+FittedText fit(const QString& text, QFont font, double room, double smallest) {
+    // Glyphs do not shrink quite as much as their font.
+    constexpr double step = 0.97;
+    for (;;) {
+        const QFontMetricsF metrics(font);
+        const FittedText fitted{font, metrics.height() / 10, metrics.horizontalAdvance(text)};
+        const double share = (room - 2 * fitted.Inset) / fitted.Width;
+        const double points = font.pointSizeF();
+        if (share >= 1 || points <= smallest)
+            return fitted;
+        font.setPointSizeF(std::max(smallest, points * std::clamp(share, 0.5, step)));
+    }
+}
+
 } // namespace
 
 double ContrastRatio(const QColor& a, const QColor& b) {
@@ -30,73 +51,63 @@ double ContrastRatio(const QColor& a, const QColor& b) {
 BoardLabel::BoardLabel(QWidget* parent)
     : QLabel(parent) {
     setTextFormat(Qt::PlainText);
-    setAutoFillBackground(true);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void BoardLabel::SetColors(const QColor& back, const QColor& fore) {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Window, back);
-    colors.setColor(QPalette::WindowText, fore);
-    setPalette(colors);
+    m_back = back;
+    m_fore = fore;
+    update();
 }
 
 QColor BoardLabel::OutlineColor() const {
-    const QColor fore = palette().color(QPalette::WindowText);
-    if (ContrastRatio(fore, palette().color(QPalette::Window)) >= ReadableContrast)
+    if (ContrastRatio(m_fore, m_back) >= ReadableContrast)
         return {};
-    return ContrastRatio(fore, Qt::black) >= ContrastRatio(fore, Qt::white) ? Qt::black : Qt::white;
+    return ContrastRatio(m_fore, Qt::black) >= ContrastRatio(m_fore, Qt::white) ? Qt::black
+                                                                                : Qt::white;
 }
 
-void BoardLabel::SetShrinking(double smallestShare, const QString& longest) {
+void BoardLabel::SetShrinking(double smallestShare, double largest) {
     m_smallestShare = smallestShare;
-    m_longest = longest;
+    m_largest = largest;
 }
 
-// A hair of room on each side, so that no glyph touches the edge of its box.
-double BoardLabel::insetFor(const QFont& font) {
-    return QFontMetricsF(font).averageCharWidth() / 4;
+double BoardLabel::FittingSize(const QString& text, const QFont& font, double width) {
+    return fit(text, font, width, font.pointSizeF() * AnyShare).Font.pointSizeF();
 }
 
 double BoardLabel::roomEnd() const {
     return m_cover && m_cover->isVisible() ? std::min(width(), m_cover->x() - x()) : width();
 }
 
-QFont BoardLabel::fittingFont(const QString& text) const {
-    QFont fitting = font();
-    const double smallest = fitting.pointSizeF() * m_smallestShare;
-    // Glyphs do not shrink quite as much as their font.
-    constexpr double step = 0.97;
-    while (fitting.pointSizeF() > smallest) {
-        const QFontMetricsF metrics(fitting);
-        const double room = roomEnd() - 2 * insetFor(fitting);
-        const double needed =
-            std::max(metrics.horizontalAdvance(text), metrics.horizontalAdvance(m_longest));
-        if (needed <= room)
-            break;
-        fitting.setPointSizeF(
-            std::max(smallest, fitting.pointSizeF() * std::clamp(room / needed, 0.5, step)));
-    }
-    return fitting;
-}
-
 void BoardLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), m_back);
     // In one line, though a name may hold line ends.
     QString line = text();
     std::replace_if(
         line.begin(), line.end(), [](QChar c) { return c.isSpace(); }, u' ');
-    const QFont drawn = fittingFont(line);
-    const double inset = insetFor(drawn);
-    const QRectF box(inset, 0, roomEnd() - 2 * inset, height());
-    if (line.isEmpty() || box.width() <= 0)
-        return;
+    QFont largest = font();
+    const double smallest = largest.pointSizeF() * m_smallestShare;
+    largest.setPointSizeF(std::min(largest.pointSizeF(), m_largest));
+    auto [drawn, inset, advance] = fit(line, largest, roomEnd(), smallest);
     const QFontMetricsF metrics(drawn);
-    const QString shown = metrics.horizontalAdvance(line) <= box.width()
-                              ? line
-                              : metrics.elidedText(line, Qt::ElideRight, box.width());
+    const double room = roomEnd() - 2 * inset;
+    if (line.isEmpty() || room <= 0)
+        return;
+    if (advance > room) {
+        line = metrics.elidedText(line, Qt::ElideRight, room);
+        advance = metrics.horizontalAdvance(line);
+    }
+    double left = inset;
+    if (alignment() & Qt::AlignRight)
+        left += room - advance;
+    else if (alignment() & Qt::AlignHCenter)
+        left += (room - advance) / 2;
+    // On whole pixels, where the same glyph always looks the same.
+    const QPoint start(qRound(left), qRound((height() - metrics.height()) / 2 + metrics.ascent()));
 
-    QPainter painter(this);
     painter.setFont(drawn);
-    const int flags = static_cast<int>(alignment()) | Qt::TextSingleLine;
     if (const QColor outline = OutlineColor(); outline.isValid()) {
         // The text around itself: the glyphs are known already, and a drawn contour costs more
         // than all other lines of a board together.
@@ -105,9 +116,9 @@ void BoardLabel::paintEvent(QPaintEvent*) {
         const int directions = std::max(8, static_cast<int>(3 * distance));
         for (int i = 0; i < directions; ++i) {
             const QLineF shift = QLineF::fromPolar(distance, i * 360.0 / directions);
-            painter.drawText(box.translated(shift.p2()), flags, shown);
+            painter.drawText(start + shift.p2(), line);
         }
     }
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(box, flags, shown);
+    painter.setPen(m_fore);
+    painter.drawText(start, line);
 }

@@ -21,7 +21,6 @@ constexpr const char* Component = "Render";
 constexpr qint32 PodiumGreens[] = {0x00FF00, 0x008000, 0x004000};
 
 // Numbers are never cut, whatever they shrink to; a heading may shrink to half.
-constexpr double AnyShare = 0.02;
 constexpr double HeadingShare = 0.5;
 
 // Scores beyond these are drawn smaller by themselves, not with all others.
@@ -97,18 +96,17 @@ void Render::beginBuild(const frmSummary& screen, const SummaryList& list) {
     m_line = {};
     m_counter = 0;
     m_pictures.clear();
-    const QFontMetricsF metrics(QFont(m_settings.FontName));
-    const auto keepLonger = [&](QString& longest, qint32 number) {
+    m_places = m_scores = {};
+    const QFontMetricsF metrics(QFont(m_settings.FontName, RenderObject(m_settings).FontSize));
+    const auto keepWider = [&metrics](NumberColumn& column, qint32 number) {
         const QString text = QString::number(number);
-        if (metrics.horizontalAdvance(text) > metrics.horizontalAdvance(longest))
-            longest = text;
+        if (const double width = metrics.horizontalAdvance(text); width > column.WidestWidth)
+            column = {.Widest = text, .WidestWidth = width};
     };
-    m_longestPlace.clear();
-    m_longestScore.clear();
     for (const auto& row : list) {
-        keepLonger(m_longestPlace, row->Position);
+        keepWider(m_places, row->Position);
         if (row->Score >= LowestUsualScore && row->Score <= HighestUsualScore)
-            keepLonger(m_longestScore, row->Score);
+            keepWider(m_scores, row->Score);
     }
 }
 
@@ -241,11 +239,14 @@ bool Render::RenderLabel(const RenderObject& element) {
         label.setText(element.Text);
         label.SetColors(ColorOf(element.BackColor), ColorOf(element.ForeColor));
         label.setAlignment(alignmentOf(element.Align));
-        if (element.Tag.isEmpty())
+        if (element.Tag.isEmpty()) {
             label.SetShrinking(HeadingShare);
-        else if (element.Align != RenderObject::Left)
-            label.SetShrinking(AnyShare, element.Align == RenderObject::Right ? m_longestScore
-                                                                              : m_longestPlace);
+        } else if (element.Align != RenderObject::Left) {
+            NumberColumn& column = element.Align == RenderObject::Right ? m_scores : m_places;
+            if (column.Size == 0)
+                column.Size = BoardLabel::FittingSize(column.Widest, label.font(), label.width());
+            label.SetShrinking(BoardLabel::AnyShare, column.Size);
+        }
         label.setProperty(TagProperty, element.Tag);
         label.setVisible(element.Visible);
         ++m_counter;

@@ -50,12 +50,19 @@ private:
     /// Error 53 when the file holds no picture; no file name is an empty picture.
     QPixmap picture(const QString& fileName);
 
+    /// All places of a board have one size, and so have all its usual scores.
+    struct NumberColumn {
+        QString Widest;
+        double WidestWidth = 0; ///< in pixels, unshrunk
+        double Size = 0;        ///< in points, at which it fits
+    };
+
     const DisplaySettings m_settings;
     QPointer<frmSummary> m_board;
     std::optional<BoardLayout> m_layout;
-    BoardLayout::Place m_line;          ///< where the next line goes
-    QString m_longestPlace;             ///< by which all places of the board get one size
-    QString m_longestScore;             ///< the same for the scores
+    BoardLayout::Place m_line; ///< where the next line goes
+    NumberColumn m_places;
+    NumberColumn m_scores;
     qint32 m_counter = 0;               ///< controls created so far; makes names unique
     QHash<QString, QPixmap> m_pictures; ///< loaded for this board
 };

@@ -35,6 +35,7 @@ private slots:
                 QCOMPARE(outcome([&] { return ToInt32(field); }), c.section('|', 1));
         }
         QCOMPARE(outcome([] { return ToInt32(QVariant()); }), "error 94");
+        QCOMPARE(outcome([] { return ToInt32(QVariant(qint64{1} << 31)); }), "error 6");
     }
 
     void arithmeticNeverWraps() {

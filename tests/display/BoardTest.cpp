@@ -10,9 +10,9 @@ namespace {
 
 // Text, colours, and whether it shows.
 QString lookOf(const QLabel& element) {
-    return element.text() + u' ' + element.palette().color(QPalette::Window).name() + u' ' +
-           element.palette().color(QPalette::WindowText).name() +
-           (element.isVisible() ? "" : " hidden");
+    const auto& label = dynamic_cast<const BoardLabel&>(element);
+    return label.text() + u' ' + label.BackColor().name() + u' ' + label.ForeColor().name() +
+           (label.isVisible() ? "" : " hidden");
 }
 
 // The last text that an element draws.
