@@ -21,6 +21,7 @@ test_packages=(
     clang-format
     cups cups-client cups-filters printer-driver-cups-pdf poppler-utils # print and read the page
     desktop-file-utils appstream           # check what the desktop is told
+    at-spi2-core python3-pyatspi           # and what a screen reader is told
 )
 windows_packages=("${build_packages[@]}" g++-mingw-w64-x86-64-posix qt6-base-dev-tools)
 

@@ -1,5 +1,7 @@
 #include "app/Chooser.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -8,6 +10,16 @@ Chooser::Chooser() {
         if (m_isOpen)
             emit picked();
     });
+}
+
+// On some desktops only a label gives a chooser its name, be it one that nobody sees.
+void Chooser::SetSpokenName(const QString& name) {
+    setAccessibleName(name);
+    if (lineEdit())
+        lineEdit()->setAccessibleName(name);
+    auto* label = new QLabel(name, parentWidget());
+    label->setBuddy(this);
+    label->hide();
 }
 
 void Chooser::showPopup() {

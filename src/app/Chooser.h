@@ -10,6 +10,10 @@ class Chooser : public QComboBox {
 public:
     Chooser();
 
+    /// Says what is chosen here where no label stands beside it, to a screen reader; for a chooser
+    /// that is in its window already.
+    void SetSpokenName(const QString& name);
+
     void showPopup() override;
     void hidePopup() override;
 

@@ -5,6 +5,7 @@
 #include "core/Logging.h"
 #include "core/Utilities.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QDesktopServices>
@@ -17,12 +18,39 @@ QPointer<QWidget>& errorBoxOwner() {
     return owner;
 }
 
-// The toolkit tells a screen reader that a plain window is a filler.
-QAccessibleInterface* windowRole(const QString&, QObject* object) {
+/// A picture button is called by its tool-tip; the toolkit would say that again as its description.
+class SpokenOnce : public QAccessibleWidget {
+public:
+    explicit SpokenOnce(QAbstractButton& button)
+        : QAccessibleWidget(&button, QAccessible::Button)
+        , m_button(button) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Description ? QString() : QAccessibleWidget::text(kind);
+    }
+    QStringList actionNames() const override {
+        return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name == pressAction())
+            m_button.click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
+
+private:
+    QAbstractButton& m_button;
+};
+
+// What a screen reader is told otherwise than by the toolkit, to which a plain window is a filler.
+QAccessibleInterface* spoken(const QString& className, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
-    const bool isPlainWindow = widget && widget->windowType() == Qt::Window &&
-                               widget->metaObject()->superClass() == &QWidget::staticMetaObject;
-    return isPlainWindow ? new QAccessibleWidget(widget, QAccessible::Window) : nullptr;
+    if (widget && className.startsWith(u"frm") && widget->windowType() == Qt::Window)
+        return new QAccessibleWidget(widget, QAccessible::Window);
+    if (widget && widget->objectName() == u"lblStatus")
+        return new QAccessibleWidget(widget, QAccessible::StatusBar);
+    auto* button = qobject_cast<QAbstractButton*>(object);
+    return button && className == u"PictureButton" ? new SpokenOnce(*button) : nullptr;
 }
 
 } // namespace
@@ -40,7 +68,7 @@ void ShowErrorBox(const QString& text) {
 }
 
 void ConnectDesktop() {
-    QAccessible::installFactory(windowRole);
+    QAccessible::installFactory(spoken);
     AppLog().ShowError = [](const QString& text) {
         if (modCommon::AppSettings().DebugMode == u"1")
             ShowErrorBox(text);

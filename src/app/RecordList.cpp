@@ -29,6 +29,9 @@ RecordList::RecordList(const QString& name, const QStringList& columns, QWidget*
     header()->setMinimumSectionSize(widestHead);
     header()->setSectionsMovable(false);
     header()->setStretchLastSection(true);
+    for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model(), change, this, &RecordList::describe);
+    connect(model(), &QAbstractItemModel::modelReset, this, &RecordList::describe);
 }
 
 int RecordList::rowHeight() const {
@@ -76,7 +79,11 @@ void RecordList::keyPressEvent(QKeyEvent* event) {
 
 void RecordList::SetEmptyText(const QString& text) {
     m_emptyText = text;
-    setAccessibleDescription(text);
+    describe();
+}
+
+void RecordList::describe() {
+    setAccessibleDescription(IsEmpty() ? m_emptyText : QString());
 }
 
 // A click below the rows means none of them, and changes nothing.

@@ -31,8 +31,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString m_emptyText;
-
-private:
     int rowHeight() const;
+    void describe();
+
+    QString m_emptyText;
 };

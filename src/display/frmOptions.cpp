@@ -31,10 +31,9 @@ const QString DebugOn = QStringLiteral("1");
 const QString DebugOff = QStringLiteral("0");
 
 /// A list that takes a text of its own too: the font may be one of another computer.
-QComboBox* makeCombo(const char* name, const QString& purpose, int usualLength) {
+Chooser* makeCombo(const char* name, int usualLength) {
     auto* combo = new Chooser;
     combo->setObjectName(QLatin1StringView(name));
-    combo->setAccessibleName(purpose);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
     // Measuring hundreds of names would hold up the screen.
@@ -136,11 +135,13 @@ QGroupBox* frmOptions::makeFontGroup() {
     auto* group = makeGroup("fraFonts", QStringLiteral("Display Font"));
     auto* layout = new QHBoxLayout(group);
     constexpr int usualName = 24;
-    cboDisplayFont = makeCombo("cboDisplayFont", QStringLiteral("Font"), usualName);
-    cboDisplaySize = makeCombo("cboDisplaySize", QStringLiteral("Size in points"), SizeLength);
+    cboDisplayFont = makeCombo("cboDisplayFont", usualName);
+    cboDisplaySize = makeCombo("cboDisplaySize", SizeLength);
     cboDisplaySize->setCompleter(nullptr); // 7 is 7, not the 70 of the list
     layout->addWidget(cboDisplayFont, 1);
     layout->addWidget(cboDisplaySize);
+    cboDisplayFont->SetSpokenName(QStringLiteral("Font"));
+    cboDisplaySize->SetSpokenName(QStringLiteral("Size in points"));
     layout->addWidget(new QLabel(QStringLiteral("points")));
     return group;
 }

@@ -9,9 +9,9 @@
 #include <vector>
 
 class BoardPreview;
+class Chooser;
 class PictureButton;
 class QCheckBox;
-class QComboBox;
 class QGridLayout;
 class QGroupBox;
 class QLabel;
@@ -76,8 +76,8 @@ private:
     QTimer m_drawing;
     BoardPreview* m_preview = nullptr;
     QLabel* lblFit = nullptr;
-    QComboBox* cboDisplayFont = nullptr;
-    QComboBox* cboDisplaySize = nullptr;
+    Chooser* cboDisplayFont = nullptr;
+    Chooser* cboDisplaySize = nullptr;
     QCheckBox* chkDebugMode = nullptr;
     std::vector<Swatch> m_swatches;
     std::vector<NumberBox> m_numberBoxes;

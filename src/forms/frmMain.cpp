@@ -16,7 +16,6 @@
 #include "forms/RoundChooser.h"
 #include "forms/modForms.h"
 
-#include <QAccessible>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -86,7 +85,6 @@ frmMain::frmMain()
 }
 
 void frmMain::build() {
-    m_rounds->setAccessibleName(QStringLiteral("Round"));
     m_showAll->setObjectName(QStringLiteral("chkShowAllRound"));
     // What every round begins with is read from a step away.
     QFont large = font();
@@ -119,6 +117,7 @@ QWidget* frmMain::makeTiles() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(Theme::Unit);
     grid->addWidget(m_rounds, 0, 0, 1, 4);
+    m_rounds->SetSpokenName(QStringLiteral("Round"));
     grid->addWidget(m_showAll, 0, 4, Qt::AlignCenter);
     int width = m_showAll->sizeHint().width();
     for (const KnownCommand& tile : Commands) {
@@ -187,8 +186,7 @@ void frmMain::say(const QString& text) {
     if (text == m_status->text())
         return;
     m_status->setText(text);
-    QAccessibleEvent changed(m_status, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&changed);
+    m_status->setAccessibleName(text); // says it to a screen reader as well
 }
 
 void frmMain::openGuide() {

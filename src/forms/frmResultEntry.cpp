@@ -147,6 +147,7 @@ QWidget* frmResultEntry::makeCounters() {
 void frmResultEntry::setUpColumns() {
     // The identity of a result tells an operator nothing; the room belongs to the names.
     m_teams->setColumnHidden(ResultID, true);
+    m_teams->setAccessibleName(QStringLiteral("Team Name, Score, Joker"));
     QHeaderView* header = m_teams->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(TeamName, QHeaderView::Stretch);

@@ -1,12 +1,11 @@
+#include <QFile>
 #include <QGenericPlugin>
 #include <QGuiApplication>
 #include <QKeyEvent>
 
-#include <cstdio>
-
 /// A plugin that the driver has the program load. The key Pause, which means nothing to the
-/// program, asks it for the name of the control that has the focus; the answer is a line on
-/// standard output. Keys arrive in order, so whatever those before it did is done.
+/// program, asks it for the name of the control that has the focus; the answer is a line in the file
+/// that FOCUS_ANSWERS names. Keys arrive in order, so whatever those before it did is done.
 class FocusProbe : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "FocusProbe.json")
@@ -22,8 +21,9 @@ public:
             static_cast<QKeyEvent*>(event)->key() != Qt::Key_Pause)
             return false;
         const QObject* control = QGuiApplication::focusObject();
-        std::puts(control == nullptr ? "" : qUtf8Printable(control->objectName()));
-        std::fflush(stdout);
+        QFile answers(qEnvironmentVariable("FOCUS_ANSWERS"));
+        if (answers.open(QIODevice::Append))
+            answers.write((control ? control->objectName() : QString()).toUtf8() + '\n');
         return true;
     }
 };

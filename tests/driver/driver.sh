@@ -83,6 +83,15 @@ open_display() {
     within_patience "the window manager" window_manager_is_there
 }
 
+# open_session_bus: after a display has been opened; `bus` then tells programs where it is.
+open_session_bus() {
+    env "${quiet_place[@]}" dbus-daemon --session --nofork --print-address=3 3>"$place/bus" \
+        2>>"$place/display.log" &
+    display_processes+=($!)
+    within_patience "a session bus" test -s "$place/bus"
+    bus=(DBUS_SESSION_BUS_ADDRESS="$(<"$place/bus")")
+}
+
 window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 close_display() {
@@ -112,7 +121,8 @@ start_program() {
     fi
     # The folder's name may hold what env would take for a variable.
     env -i "${quiet_place[@]}" QT_QPA_PLATFORM=$platform DISPLAY="$DISPLAY" \
-        QT_PLUGIN_PATH="$drive$probe" QT_QPA_GENERIC_PLUGINS=focusprobe "$@" \
+        QT_PLUGIN_PATH="$drive$probe" QT_QPA_GENERIC_PLUGINS=focusprobe \
+        FOCUS_ANSWERS="$drive$place/tmp/focus" "$@" \
         sh -c 'exec "$@"' - "${command[@]}" >"$place/stdout" 2>"$place/stderr" &
     program=$!
 }
@@ -160,13 +170,11 @@ focus() {
 }
 
 ask_focus() {
-    local answers
-    answers=$(wc -l <"$place/stdout")
+    rm -f "$place/tmp/focus"
     press Pause
-    within_patience "the probe's answer" has_answered "$answers"
-    focused=$(tail -n 1 "$place/stdout" | tr -d "\r") # which Windows adds
+    within_patience "the probe's answer" test -s "$place/tmp/focus"
+    focused=$(<"$place/tmp/focus")
 }
-has_answered() { (($(wc -l <"$place/stdout") > $1)); }
 
 press() { xdotool key --delay "$keystroke" "$@"; }
 enter_text() { xdotool type --delay 20 -- "$1"; }

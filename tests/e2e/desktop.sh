@@ -27,11 +27,8 @@ END
     within_patience "a display" test -s "$place/display"
     DISPLAY=:$(<"$place/display")
     export DISPLAY
-    env "${quiet_place[@]}" dbus-daemon --session --nofork --print-address=3 3>"$place/bus" \
-        2>>"$place/display.log" &
-    display_processes+=($!)
-    within_patience "a session bus" test -s "$place/bus"
-    env "${quiet_place[@]}" DBUS_SESSION_BUS_ADDRESS="$(<"$place/bus")" NO_AT_BRIDGE=1 "$@" \
+    open_session_bus
+    env "${quiet_place[@]}" "${bus[@]}" NO_AT_BRIDGE=1 "$@" \
         >>"$place/display.log" 2>&1 &
     display_processes+=($!)
     within_patience "the window manager" window_manager_is_there
