@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 
 /// A plugin that the driver has the program load. The key Pause, which means nothing to the
-/// program, asks it for the name of the control that has the focus; the answer is a line in the file
-/// that FOCUS_ANSWERS names. Keys arrive in order, so whatever those before it did is done.
+/// program, asks it for the name of the control that has the focus; the answer is a line in the
+/// file that FOCUS_ANSWERS names. Keys arrive in order, so whatever those before it did is done.
 class FocusProbe : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "FocusProbe.json")
