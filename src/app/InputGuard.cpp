@@ -17,9 +17,10 @@ namespace {
 // toolkit often sees the release before the press has arrived. So each release waits for that long.
 constexpr int ReleaseMilliseconds = 5;
 
-bool isGuarded(int key) {
+bool isGuarded(int key, const QWindow& receiver) {
     if (key == Qt::Key_Up || key == Qt::Key_Down) {
-        const QWidget* window = QApplication::activeWindow();
+        // Not the active one: a window that has just opened may get the key before it is that.
+        const QWidget* window = QWidget::find(receiver.winId());
         return window && window->property(HeldArrowsCountOnce).toBool();
     }
     const bool isText = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
@@ -54,7 +55,7 @@ public:
 
 private:
     bool filterKey(QWindow& window, const QKeyEvent& event) {
-        if (m_release.isOnItsWay || !isGuarded(event.key()))
+        if (m_release.isOnItsWay || !isGuarded(event.key(), window))
             return false;
         if (event.isAutoRepeat())
             return true;
