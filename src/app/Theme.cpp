@@ -86,6 +86,10 @@ bool Theme::IsDark() {
            palette.color(QPalette::WindowText).lightness();
 }
 
+QColor Theme::Warning() {
+    return IsDark() ? QColor(0xFF, 0xA0, 0x94) : QColor(0xB3, 0x1D, 0x12);
+}
+
 QIcon Theme::Icon(const QString& name) {
     return QIcon(fileOf(name, IsDark()));
 }

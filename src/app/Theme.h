@@ -25,6 +25,9 @@ void Apply(QApplication& application);
 /// Whether the screens stand light on dark.
 bool IsDark();
 
+/// The colour of a button's text that warns of what it does.
+QColor Warning();
+
 /// A picture of the icon family by its name, such as "add", in the set that suits the palette.
 QIcon Icon(const QString& name);
 

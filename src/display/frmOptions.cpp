@@ -202,6 +202,9 @@ QLayout* frmOptions::makeFoot() {
                              QStringLiteral("Reset database and remove all data"),
                              [this] { resetDatabase(); });
     reset->ShowText(QStringLiteral("Delete All Data..."));
+    QPalette warning;
+    warning.setColor(QPalette::ButtonText, Theme::Warning());
+    reset->setPalette(warning);
     foot->addWidget(reset);
     foot->addStretch();
     foot->addWidget(chkDebugMode);
@@ -243,6 +246,8 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1StringView(number.box));
     TextBoxFocus::Attach(box, TextBoxFocus::Colours::Palette);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00000")) +
+                       2 * Theme::Unit);
     label->setBuddy(box);
     m_numberBoxes.push_back({box, number.setting});
     layout.addWidget(label, row, column);
