@@ -118,12 +118,12 @@ start_program() {
         keystroke=500 # Wine takes a key that was let go while no window was there for one held down
         # The folder must have every DLL that it needs.
         command=(env WINEPATH= "$project/packaging/windows/in-wine" "$folder/Rankelo.exe")
+        install -D -t "$folder/plugins/generic" "$probe"/generic/* # Wine keeps Qt's variables back
     fi
     # The folder's name may hold what env would take for a variable.
     env -i "${quiet_place[@]}" QT_QPA_PLATFORM=$platform DISPLAY="$DISPLAY" \
-        QT_PLUGIN_PATH="$drive$probe" QT_QPA_GENERIC_PLUGINS=focusprobe \
-        FOCUS_ANSWERS="$drive$place/tmp/focus" "$@" \
-        sh -c 'exec "$@"' - "${command[@]}" >"$place/stdout" 2>"$place/stderr" &
+        QT_PLUGIN_PATH="$probe" FOCUS_ANSWERS="$drive$place/tmp/focus" "$@" \
+        sh -c 'exec "$@"' - "${command[@]}" -plugin focusprobe >"$place/stdout" 2>"$place/stderr" &
     program=$!
 }
 
