@@ -1,8 +1,10 @@
+#include "data/DBObject.h"
 #include "data/RoundDAO.h"
 #include "data/SummaryDAO.h"
 #include "data/TeamDAO.h"
 #include "support/AppFolder.h"
 
+#include <QDebug>
 #include <QTest>
 
 #include <dlfcn.h>
@@ -66,7 +68,9 @@ int fdatasync(int file) {
 }
 
 int unlink(const char* path) noexcept {
-    return Call<decltype(unlink)>("unlink", FaultyDisk::Writes, path);
+    // A full disk has room for no more, but loses what is on it.
+    const auto kind = Disk.Error == ENOSPC ? FaultyDisk::Others : FaultyDisk::Writes;
+    return Call<decltype(unlink)>("unlink", kind, path);
 }
 
 } // extern "C"
@@ -124,21 +128,16 @@ private slots:
     // is back. What was confirmed is there then, and the standings lock the file only once: the
     // engine looks for changes by others whenever it locks it anew.
     void everyCallMayFail() {
-        using enum FaultyDisk::Kind;
-        constexpr int untilReopened = FaultyDisk::UntilReopened;
         constexpr int always = FaultyDisk::Always;
-        const std::tuple<FaultyDisk::Kind, int, int> faults[] = {{Reads, EIO, 1},
-                                                                 {Reads, EIO, untilReopened},
-                                                                 {Reads, EIO, always},
-                                                                 {Reads, ENXIO, untilReopened},
-                                                                 {Reads, ENODEV, always},
-                                                                 {Writes, EIO, 1},
-                                                                 {Writes, EIO, untilReopened},
-                                                                 {Writes, EIO, always},
-                                                                 {Writes, ENOSPC, always},
-                                                                 {Writes, EROFS, always}};
-        for (const auto& [kind, error, times] : faults)
-            for (int call = 1, isReached = 1; isReached; ++call) {
+        QList<FaultyDisk> faults;
+        for (const int times : {1, int{FaultyDisk::UntilReopened}, always}) {
+            for (const int error : {EIO, ENXIO, ENODEV})
+                faults.append({FaultyDisk::Reads, 1, times, error});
+            for (const int error : {EIO, ENOSPC, EROFS})
+                faults.append({FaultyDisk::Writes, 1, times, error});
+        }
+        for (const auto& [kind, first, times, error, none] : faults)
+            for (int call = first, isReached = 1; isReached; ++call) {
                 AppFolder folder;
                 folder.Open();
                 // From now on nothing that the engine has read before is of use.
@@ -148,7 +147,7 @@ private slots:
                 const qint32 round = saveRound();
                 const bool saved = saveTeam(LongName);
                 isReached = Disk.Calls >= call;
-                Disk = {Reads};
+                Disk = {FaultyDisk::Reads};
                 QVERIFY(isReached || (standings().startsWith(Right) && Disk.Calls == 1));
                 Disk = {};
                 const int failures = (shown != Right) + (round == 0) + !saved;
@@ -156,22 +155,37 @@ private slots:
                 const qint32 next = saveRound();
                 const bool isMended = saveTeam(u"z"_s) && standings().startsWith(Right);
                 const QString left = foundIn(folder.DatabasePath());
-                const int most = !isReached ? 0 : times == always ? 3 : 1;
+                const int most = !isReached ? 0 : times == always || error == ENOSPC ? 3 : 1;
+                QString what;
+                QDebug(&what) << kind << error << times << call << shown << round << next << left;
                 QVERIFY2(isMended && (failures == 0) == isSilent && failures <= most &&
                              (shown == Right || shown == u"nothing") &&
                              (round == 3 || round == 0) && (next == 4 || next == round + 3) &&
                              left.startsWith(u"ok ") && (!round || left.contains(u'm')) &&
                              (!saved || left.contains(u'n')),
-                         qPrintable(u"%1 %2 %3 %4: %5, %6, %7, %8"_s.arg(kind)
-                                        .arg(error)
-                                        .arg(times)
-                                        .arg(call)
-                                        .arg(shown)
-                                        .arg(round)
-                                        .arg(next)
-                                        .arg(left)));
+                         qPrintable(what));
                 QCOMPARE(folder.Files(), QStringList{u"Rankelo.MDB"_s});
             }
+    }
+
+    // While the disk has no room for a copy of the quiz, there is none, and the quiz is as it was.
+    void keepsNoHalfCopy() {
+        for (int call = 1, isReached = 1; isReached; ++call) {
+            AppFolder folder;
+            folder.Open();
+            RunForeign(folder.DatabasePath(), Quiz);
+            const QByteArray quiz = ReadFile(folder.DatabasePath());
+            Disk = {FaultyDisk::Writes, call, FaultyDisk::Always, ENOSPC};
+            const bool isKept = AppDatabase().KeepCopy();
+            isReached = Disk.Calls >= call;
+            Disk = {};
+            QCOMPARE(isKept, !isReached);
+            QCOMPARE(folder.TakeReports().size(), !isKept);
+            QCOMPARE(folder.Files(u"Earlier quizzes"_s).size(), isKept);
+            QVERIFY(ReadFile(folder.DatabasePath()) == quiz && AppDatabase().KeepCopy());
+            const QString copy = u"Earlier quizzes/"_s + folder.Files(u"Earlier quizzes"_s)[0];
+            QCOMPARE(foundIn(folder.Path(copy)), foundIn(folder.DatabasePath()));
+        }
     }
 
     void worksAgainWhenTheFileIsBack() {
