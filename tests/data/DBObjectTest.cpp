@@ -1,7 +1,6 @@
 #include "data/DBObject.h"
 #include "support/AppFolder.h"
 
-#include <QDir>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -95,30 +94,25 @@ private slots:
     }
 
     // Each reset leaves a whole copy of the quiz, also two in one minute; none is made of an empty
-    // quiz. Where no copy can be made, that is told.
+    // quiz.
     void keepsACopyOfTheQuiz() {
-        AppFolder folder;
+        const AppFolder folder;
         folder.Open();
         QVERIFY(AppDatabase().KeepCopy());
         QCOMPARE(folder.Files(), QStringList(u"Rankelo.MDB"_s));
         RunForeign(folder.DatabasePath(), {u"INSERT INTO Teams VALUES ('k','O''Brien')"_s});
         QVERIFY(AppDatabase().KeepCopy() && AppDatabase().KeepCopy());
-        QDir earlier(folder.Path(u"Earlier quizzes"_s));
-        const QStringList copies = earlier.entryList(QDir::Files);
+        const QStringList copies = folder.Files(u"Earlier quizzes"_s);
         QCOMPARE(copies.size(), 2);
         for (const QString& copy : copies) {
             const QRegularExpression name(uR"(^\d{4}-\d\d-\d\d \d\d\.\d\d( \(2\))?\.MDB$)"_s);
             QVERIFY2(name.match(copy).hasMatch(), qPrintable(copy));
-            QCOMPARE(RunForeign(earlier.filePath(copy),
-                                {u"SELECT * FROM pragma_integrity_check UNION ALL "
-                                 "SELECT TeamName FROM Teams"_s})
-                         .join(u' '),
-                     u"ok O'Brien"_s);
+            QCOMPARE(
+                RunForeign(
+                    folder.Path(u"Earlier quizzes/"_s + copy),
+                    {u"SELECT integrity_check || ' ' || TeamName FROM pragma_integrity_check, Teams"_s}),
+                QStringList(u"ok O'Brien"_s));
         }
-        QVERIFY(earlier.removeRecursively() && folder.TakeReports().isEmpty());
-        WriteFile(earlier.path(), "not a folder");
-        QVERIFY(!AppDatabase().KeepCopy());
-        QCOMPARE(folder.TakeReports().size(), 1);
     }
 };
 

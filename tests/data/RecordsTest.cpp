@@ -31,26 +31,26 @@ private slots:
     void hostileNamesComeBack() {
         AppFolder folder;
         folder.Open();
-        RunForeign(folder.DatabasePath(), {u"INSERT INTO Teams VALUES ('k','bystander')"_s});
         for (const auto& [what, text, stored, isRefused, pasted] : HostileTexts()) {
-            Team team; // inserted
-            team.TeamName = text;
-            Round round; // updated
-            QVERIFY(RoundDAO().Save(round));
+            Team team;
+            Round round;
+            QVERIFY(TeamDAO().Save(team) && RoundDAO().Save(round));
+            team = Team(team.TeamID, text);
             round = Round(round.RoundID, text, 1, -10);
             QVERIFY2(TeamDAO().Save(team) != isRefused && RoundDAO().Save(round) != isRefused,
                      what);
             QCOMPARE(folder.TakeReports().size(), isRefused ? 2 : 0);
-            if (!isRefused)
-                QCOMPARE(TeamDAO().GetTeam(team.TeamID)->TeamName, stored);
             const auto saved = RoundDAO().GetRound(round.RoundID);
-            QCOMPARE(saved->RoundName, isRefused ? QString() : stored);
+            for (const QString& name : {TeamDAO().GetTeam(team.TeamID)->TeamName, saved->RoundName})
+                QCOMPARE(name, isRefused ? QString() : stored);
             QCOMPARE(saved->MaxScore, isRefused ? 0 : -10);
-            QVERIFY(TeamDAO().Delete(team.TeamID) != isRefused && RoundDAO().Delete(round.RoundID));
-            QVERIFY(TeamDAO().GetTeamList()->LastIndex() == 0 && RoundDAO().GetNextRound() == 1);
+            QVERIFY(TeamDAO().Delete(team.TeamID) && RoundDAO().Delete(round.RoundID));
+            QVERIFY(!TeamDAO().GetTeam(team.TeamID) && RoundDAO().GetNextRound() == 1);
         }
     }
 
+    // As far as the screens do not show it: rounds that another program numbered, an unknown round,
+    // a direction that is none, and a failure on the way.
     void movesAndNumbersRounds() {
         const struct {
             std::array<int, 3> numbers; // of the rounds A, B, C
@@ -59,10 +59,6 @@ private slots:
             const char* list;     // with one more round
             QString refused = {}; // the round that cannot be written, where the move stops
         } cases[] = {
-            {{1, 2, 3}, u"C"_s, RoundDAO::Up, "A1 C2 B3 new4"},
-            {{1, 2, 3}, u"A"_s, RoundDAO::Up, "A0 B1 C2 new3"},
-            {{1, 2, 3}, u"C"_s, RoundDAO::Down, "A1 B2 C4 new5"},
-            {{1, 2, 3}, u"A"_s, RoundDAO::Down, "B1 A2 C3 new4"},
             {{1, 5, 9}, u"B"_s, RoundDAO::Down, "A1 C2 B6 new7"},
             {{1, 5, 9}, u"B"_s, 3, "A1 C2 B5 new6"},
             {{4, 4, 4}, u"B"_s, RoundDAO::Up, "A1 C2 B3 new4"},
@@ -74,10 +70,9 @@ private slots:
         for (const auto& [numbers, moved, direction, expected, refused] : cases) {
             const AppFolder folder;
             RunForeign(folder.DatabasePath(),
-                       {u"INSERT INTO Rounds VALUES ('C','C',%3,1),('B','B',%2,1),('A','A',%1,1)"_s
-                            .arg(numbers[0])
-                            .arg(numbers[1])
-                            .arg(numbers[2]),
+                       {QString::asprintf("INSERT INTO Rounds VALUES ('C','C',%d,1),"
+                                          "('B','B',%d,1),('A','A',%d,1)",
+                                          numbers[2], numbers[1], numbers[0]),
                         u"CREATE TRIGGER T BEFORE UPDATE ON Rounds WHEN OLD.RoundID='%1' BEGIN "
                         "SELECT RAISE(ABORT,'no'); END"_s.arg(refused)});
             folder.Open();
@@ -102,8 +97,6 @@ private slots:
         ResultDAO dao;
         Result result;
         QVERIFY(dao.Save(result));
-        QVERIFY2(!dao.Save(result), "the same new result was inserted twice");
-        QCOMPARE(folder.TakeReports().size(), 1);
         result = Result(result.ResultID, u"r2"_s, u"O't"_s, -2147483647 - 1, 1);
         QVERIFY(dao.Save(result));
         const auto same = dao.GetResult(result.ResultID);
