@@ -189,23 +189,21 @@ private slots:
     }
 
     void worksAgainWhenTheFileIsBack() {
-        const struct {
-            QByteArray found;     // in its place, or nothing at all
-            const char* outcomes; // of three saves of "b" then
-            const char* stored;   // when an empty quiz is there again, after a save of "c"
-        } cases[] = {
+        // What is found in its place, or nothing at all; how three saves of "b" end then; and what
+        // is stored when an empty quiz is there again, after a save of "c".
+        const std::tuple<QByteArray, const char*, const char*> cases[] = {
             {{}, "1032 53 53 ", "ok c"},
             {QByteArray(9000, 'x'), "1032 26 26 ", "ok c"},
             {EmptyDatabase().first(4096), "1032 11 11 ", "ok c"},
             // A save must not pretend, and none may go to the old file.
             {EmptyDatabase(), "1032 ok ok ", "ok b b c"},
         };
-        for (const auto& c : cases) {
+        for (const auto& [found, expected, stored] : cases) {
             AppFolder folder;
             folder.Open();
             QVERIFY(saveTeam(u"a"_s) && QFile::remove(folder.DatabasePath()));
-            if (!c.found.isEmpty())
-                WriteFile(folder.DatabasePath(), c.found);
+            if (!found.isEmpty())
+                WriteFile(folder.DatabasePath(), found);
             QString outcomes;
             for (int i = 0; i < 3; ++i) {
                 const bool saved = saveTeam(u"b"_s);
@@ -213,11 +211,11 @@ private slots:
                 outcomes += saved ? u"ok "_s : report.section(u'[', 1).section(u']', 0, 0) + u' ';
                 QVERIFY2(report.count(folder.DatabasePath()) <= 1, qPrintable(report));
             }
-            QCOMPARE(outcomes, QLatin1StringView(c.outcomes));
+            QCOMPARE(outcomes, QLatin1StringView(expected));
             if (!outcomes.endsWith(u"ok "))
                 WriteFile(folder.DatabasePath(), EmptyDatabase());
             QVERIFY(saveTeam(u"c"_s));
-            QCOMPARE(foundIn(folder.DatabasePath()), QLatin1StringView(c.stored));
+            QCOMPARE(foundIn(folder.DatabasePath()), QLatin1StringView(stored));
         }
     }
 

@@ -52,18 +52,14 @@ private slots:
     // As far as the screens do not show it: rounds that another program numbered, an unknown round,
     // a direction that is none, and a failure on the way.
     void movesAndNumbersRounds() {
-        const struct {
-            std::array<int, 3> numbers; // of the rounds A, B, C
-            QString moved;
-            qint32 direction;
-            const char* list;     // with one more round
-            QString refused = {}; // the round that cannot be written, where the move stops
-        } cases[] = {
-            {{1, 5, 9}, u"B"_s, RoundDAO::Down, "A1 C2 B6 new7"},
-            {{1, 5, 9}, u"B"_s, 3, "A1 C2 B5 new6"},
-            {{4, 4, 4}, u"B"_s, RoundDAO::Up, "A1 C2 B3 new4"},
-            {{2, 5, 9}, u"b"_s, RoundDAO::Up, "A1 B2 C3 new4"},
-            {{1, 2, 2147483647}, u"C"_s, 3, "A1 new1 B2 C2147483647"}, // overflow
+        // The numbers of the rounds A, B and C; the move; the list then, with one more round; and
+        // the round that cannot be written, where the move stops.
+        const std::tuple<std::array<int, 3>, QString, qint32, const char*, QString> cases[] = {
+            {{1, 5, 9}, u"B"_s, RoundDAO::Down, "A1 C2 B6 new7", {}},
+            {{1, 5, 9}, u"B"_s, 3, "A1 C2 B5 new6", {}},
+            {{4, 4, 4}, u"B"_s, RoundDAO::Up, "A1 C2 B3 new4", {}},
+            {{2, 5, 9}, u"b"_s, RoundDAO::Up, "A1 B2 C3 new4", {}},
+            {{1, 2, 2147483647}, u"C"_s, 3, "A1 new1 B2 C2147483647", {}}, // overflow
             {{1, 2, 4}, u"B"_s, RoundDAO::Up, "A1 B2 C4 new5", u"B"_s},
             {{1, 2, 4}, u"A"_s, 3, "A1 B2 C4 new5", u"B"_s},
         };
@@ -112,56 +108,50 @@ private slots:
     }
 
     void standingsAreRight() {
-        const struct {
-            QString teams;
-            QString scores;               // team, round, score, joker
-            const char* round;            // the standings of the round r
-            const char* overall;          // of all rounds
-            const char* byName = nullptr; // of the round in the order 1, if that differs
-        } cases[] = {
-            {u"('a'),('b'),('none')"_s, u"('a','r',10,1),('b','r',15,0),('a','x',4,0)"_s,
-             "1 a 20*, 2 b 15", "1 a 24*, 2 b 15, 3 none 0"},
+        // The teams; their scores as team, round, score and joker; the standings of the round r,
+        // behind a "/" those in the order 1 when they differ; and those of all rounds.
+        const std::tuple<QString, QString, QString, const char*> cases[] = {
+            {"a b none", "a r 10 1,b r 15 0,a x 4 0", "1 a 20*, 2 b 15",
+             "1 a 24*, 2 b 15, 3 none 0"},
             // A tie after doubling: the one order looks at the bare scores.
-            {u"('c'),('B'),('a')"_s,
-             u"('c','r',10,1),('a','r',20,0),('B','r',20,0),('B','x',0,0)"_s,
-             "1 c 20*, 1 a 20, 1 B 20", "1 a 20, 1 B 20, 1 c 20*", "1 a 20, 1 B 20, 1 c 20*"},
+            {"c B a", "c r 10 1,a r 20 0,B r 20 0,B x 0 0",
+             "1 c 20*, 1 a 20, 1 B 20/1 a 20, 1 B 20, 1 c 20*", "1 a 20, 1 B 20, 1 c 20*"},
             // A place after a tie follows at once; one behind a score of -1 is always a new one.
-            {u"('a'),('b'),('c'),('d'),('e')"_s,
-             u"('a','r',-2,0),('b','r',-1,0),('c','r',-1,0),('d','r',9,0),('e','r',9,0)"_s,
+            {"a b c d e", "a r -2 0,b r -1 0,c r -1 0,d r 9 0,e r 9 0",
              "1 d 9, 1 e 9, 2 b -1, 3 c -1, 4 a -2", "1 d 9, 1 e 9, 2 b -1, 3 c -1, 4 a -2"},
             // Only the value 1 is a joker; a deleted team is left out. A row that cannot be read
             // leaves its team without points overall, and the round without standings.
-            {u"('a'),('b'),('c')"_s,
-             u"('a','r',5,2),('b','r',5,-1),('c','r',4,NULL),('gone','r',9,0)"_s,
-             "1 a 5, 1 b 5, 2 c 4", "1 a 5, 1 b 5, 2 c 0"},
-            {u"('a'),('b')"_s, u"('a','r',NULL,0),('a','q',3,0),('b','r',1,0)"_s, "nothing",
-             "1 b 1, 2 a 0"},
-            {u"('a')"_s, u"('a','r',-1073741824,1)"_s, "1 a -2147483648*", "1 a -2147483648*"},
-            {u"('a')"_s, u"('a','r',1073741824,1)"_s, "nothing", "nothing"},
-            {u"('a')"_s, u"('a','r',2147483647,0),('a','q',1,0)"_s, "1 a 2147483647", "nothing"},
+            {"a b c", "a r 5 2,b r 5 -1,c r 4 NULL,gone r 9 0", "1 a 5, 1 b 5, 2 c 4",
+             "1 a 5, 1 b 5, 2 c 0"},
+            {"a b", "a r NULL 0,a q 3 0,b r 1 0", "nothing", "1 b 1, 2 a 0"},
+            {"a", "a r -1073741824 1", "1 a -2147483648*", "1 a -2147483648*"},
+            {"a", "a r 1073741824 1", "nothing", "nothing"},
+            {"a", "a r 2147483647 0,a q 1 0", "1 a 2147483647", "nothing"},
         };
-        for (const auto& c : cases) {
+        for (const auto& [teams, scores, round, overall] : cases) {
             AppFolder folder;
             folder.Open();
             SummaryDAO dao;
             QCOMPARE(textOf(dao.GetOverallSummary(2)), QString());
-            RunForeign(
-                folder.DatabasePath(),
-                {u"INSERT INTO Teams SELECT column1,column1 FROM (VALUES %1)"_s.arg(c.teams),
-                 u"WITH N(t,r,s,j) AS (VALUES %1) INSERT INTO Results SELECT t||r,r,t,s,j FROM N"_s
-                     .arg(c.scores)});
+            QStringList quiz;
+            for (const QString& team : teams.split(u' '))
+                quiz += u"INSERT INTO Teams VALUES ('%1','%1')"_s.arg(team);
+            for (const QString& score : scores.split(u','))
+                quiz += u"INSERT INTO Results VALUES ('%1%2','%2','%1',%3,%4)"_s.arg(
+                    score.section(u' ', 0, 0), score.section(u' ', 1, 1), score.section(u' ', 2, 2),
+                    score.section(u' ', 3));
+            RunForeign(folder.DatabasePath(), quiz);
             // While a report is on the screen, another program may write.
             AppLog().ShowError = [&folder, remember = AppLog().ShowError](const QString& text) {
                 RunForeign(folder.DatabasePath(), {u"DELETE FROM Rounds"_s});
                 remember(text);
             };
-            QCOMPARE(textOf(dao.GetOverallSummary(2)), QLatin1StringView(c.overall));
-            QCOMPARE(folder.TakeReports().isEmpty(),
-                     c.overall != "nothing"_L1 && !c.scores.contains(u"NULL"));
-            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 2)), QLatin1StringView(c.round));
-            QCOMPARE(folder.TakeReports().isEmpty(), c.round != "nothing"_L1);
-            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 1)),
-                     QLatin1StringView(c.byName ? c.byName : c.round));
+            const bool isReported = overall == "nothing"_L1 || scores.contains(u"NULL");
+            QCOMPARE(textOf(dao.GetOverallSummary(2)), QLatin1StringView(overall));
+            QCOMPARE(folder.TakeReports().isEmpty(), !isReported);
+            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 2)), round.section(u'/', 0, 0));
+            QCOMPARE(folder.TakeReports().isEmpty(), round != u"nothing");
+            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 1)), round.section(u'/', -1));
         }
     }
 

@@ -93,23 +93,6 @@ private slots:
         }
     }
 
-    void opensBesideTheConsole() {
-        const AppFolder folder;
-        const QList<QScreen*> screens = QGuiApplication::screens();
-        for (const int operators : {0, 1}) {
-            QWidget console;
-            console.setGeometry(screens[operators]->geometry().adjusted(50, 50, -50, -50));
-            ShowScreen(console);
-            frmSummary board(&console);
-            QVERIFY(Render({}).RenderResults(board, RowsAt({1, 2}), "Results", 4));
-            QCOMPARE(board.screen(), screens[1 - operators]);
-            QCOMPARE(board.geometry(), screens[1 - operators]->geometry());
-            // The operator goes on working beside it.
-            ShowScreen(console);
-            QVERIFY(board.isVisible());
-        }
-    }
-
     // 12 twips to a pixel, so that a half can arise: 18 twips are 1.5 pixels. The projector may
     // change its resolution while the board is open.
     void measuresInTheProjectorsPixels() {
@@ -121,16 +104,22 @@ private slots:
         setScreens({Console, Projector});
     }
 
-    void goesWithItsScreen() {
-        QWidget console;
-        ShowScreen(console);
-        // Plugged in again, the projector has the board again.
-        for (int time = 0; time < 2; ++time) {
-            const TestBoard board;
-            QVERIFY(board.Render(RowsAt({1, 2, 3}), 4));
-            QCOMPARE(board.Screen->screen()->name(), "projector");
-            setScreens({Console});
-            QTRY_VERIFY(!board.Screen);
+    // Whichever of the two screens the console is on, the board takes the other and goes with it.
+    void opensBesideTheConsole() {
+        for (const int operators : {0, 1}) {
+            const QList<QScreen*> screens = QGuiApplication::screens();
+            QWidget console;
+            console.setGeometry(screens[operators]->geometry().adjusted(50, 50, -50, -50));
+            ShowScreen(console);
+            const QPointer<frmSummary> board = new frmSummary(&console);
+            QVERIFY(Render({}).RenderResults(*board, RowsAt({1, 2, 3}), "Results", 4));
+            QCOMPARE(board->screen(), screens[1 - operators]);
+            QCOMPARE(board->geometry(), screens[1 - operators]->geometry());
+            // The operator goes on working beside it.
+            ShowScreen(console);
+            QVERIFY(board->isVisible());
+            setScreens({operators == 0 ? Console : Projector});
+            QTRY_VERIFY(!board);
             QVERIFY(console.isVisible());
             // Asked for without a projector, it covers the only screen there is.
             const TestBoard other;
