@@ -1,9 +1,28 @@
+#include "core/AppPaths.h"
+#include "core/Guard.h"
+#include "core/Logging.h"
+#include "core/Numbers.h"
+#include "core/ObjectMap.h"
+#include "core/PadRight.h"
+#include "core/RuntimeError.h"
+#include "core/Session.h"
 #include "core/Utilities.h"
 #include "support/AppFolder.h"
 
+#include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QTest>
 
 namespace {
+
+// A number as text, or the number of the error that ends the action as "error 6".
+QString outcome(const auto& action) {
+    try {
+        return QString::number(action());
+    } catch (const RuntimeError& error) {
+        return QString("error %1").arg(error.Number());
+    }
+}
 
 // Whether the digits of a date and time lie between the moments before and after they are made.
 bool areNow(const auto& make) {
@@ -22,10 +41,70 @@ const QByteArray HandEdited =
 
 } // namespace
 
-class UtilitiesTest : public QObject {
+class CoreTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void convertsOrRefuses() {
+        // "text|outcome"; halves go to the even neighbour, and %1 is the language's decimal point.
+        const QString cases =
+            "8454143|8454143; \t12 |12;+7|7;007|7;1e3|1000;0.5|0;7.5|8;8%15|8;-2.5|-2;.51|1;"
+            "2147483647.4|2147483647;2147483647.5|error 6;-2147483648.5|-2147483648;1e999|error 6;"
+            "-2147483649|error 6;|error 13;  |error 13;12a|error 13;1 2|error 13;1,000|error 13;"
+            "0x10|error 13;inf|error 13;nan(1)|error 13;e5|error 13";
+        for (const QString& c : cases.arg(QLocale::system().decimalPoint()).split(';')) {
+            const QString text = c.section('|', 0, 0);
+            // As the field of a row that another program wrote, of any type.
+            for (const QVariant& field : {QVariant(text), QVariant(text.toUtf8())})
+                QCOMPARE(outcome([&] { return ToInt32(field); }), c.section('|', 1));
+        }
+        QCOMPARE(outcome([] { return ToInt32(QVariant()); }), "error 94");
+        QCOMPARE(outcome([] { return ToInt32(QVariant(qint64{1} << 31)); }), "error 6");
+    }
+
+    void arithmeticNeverWraps() {
+        QCOMPARE(outcome([] { return CheckedAdd(2147483647, -1); }), "2147483646");
+        QCOMPARE(outcome([] { return CheckedAdd(2147483647, 1); }), "error 6");
+        QCOMPARE(outcome([] { return CheckedSubtract(-2147483647, 1); }), "-2147483648");
+        QCOMPARE(outcome([] { return CheckedSubtract(-2147483647, 2); }), "error 6");
+        QCOMPARE(outcome([] { return CheckedMultiply(-1073741824, 2); }), "-2147483648");
+        QCOMPARE(outcome([] { return CheckedMultiply(1073741824, 2); }), "error 6");
+    }
+
+    void padsColumns() {
+        // "text|width|column"; one character to the eye is one of the column, and a text that is
+        // too long is cut before it is trimmed.
+        const QString cases =
+            "|2|  ;abc|5|abc  ;abc|3|abc;abcdef|5|abcde ; ab |3|ab ;  abcd|3|  a ;"
+            "ab|0| ;e\u0301e\u0301|3|e\u0301e\u0301 ;e\u0301e\u0301|1|e\u0301 ";
+        for (const QString& c : cases.split(';'))
+            QCOMPARE(PadRight(c.section('|', 0, 0), c.section('|', 1, 1).toInt()),
+                     c.section('|', 2));
+    }
+
+    void listsAndMapsKeepWhatIsAdded() {
+        ObjectList<int> list;
+        for (int i = 0; i < 305; ++i) {
+            QVERIFY(list.LastIndex() == i - 1 && !list.Item(i));
+            QCOMPARE(list.SlotCount(), static_cast<std::size_t>(std::max(301, i)));
+            QVERIFY(list.Add(std::make_shared<int>(i / 2))); // equal ones, but other objects
+        }
+        // Removal moves the later entries down and leaves the last one twice.
+        const auto second = list.Item(1);
+        QVERIFY(!list.Remove(nullptr) && list.Remove(second.get()) && !list.Remove(second.get()));
+        QVERIFY(*list.Item(0) == 0 && *list.Item(1) == 1 && list.LastIndex() == 304);
+        QVERIFY(list.Item(303) == list.Item(304) && list.LastItem() == list.Item(304));
+        QCOMPARE(outcome([&] { return *list.Item(-1); }), "error 9");
+
+        ObjectMap<int> map;
+        for (const char* key : {"abc", "ABC", "\u00e4"})
+            QVERIFY(map.Add(key, std::make_shared<int>(map.LastIndex())));
+        QVERIFY(*map.GetObject("Abc") == -1 && *map.GetObject("\u00c4") == 1 && *map.Item(1) == 0);
+        QVERIFY(!map.GetObject("ab") && map.SlotCount() == 301);
+        map.Clear();
+        QVERIFY(map.LastIndex() == -1 && !map.GetObject("abc"));
+    }
+
     void formatsDates() {
         AppFolder folder;
         Utilities& u = AppUtilities();
@@ -163,7 +242,78 @@ private slots:
         const auto section = u.ReadINISection(ini, "APPLICATION");
         QVERIFY(section->LastIndex() == 1 && section->GetObject("B")->Value == "c=d");
     }
+
+    void writesOneHeaderInEachLayout() {
+        // Each layout's header, and the pattern of a record. A field that is too long is cut, and
+        // shifts the rest of its line by a blank.
+        const std::pair<QString, QString> layouts[] = {
+            {"Type Data/Time             Component      Version Msg Number     Function            "
+             "Object              Session                       Username       Machine Name   "
+             "Description\r\n" +
+                 QString(100, '-') + "\r\n",
+             "4    %1 +1\\.0\\.0   9700           SaveTheTeamOfTheTabl TeamDAO             "
+             "%2 {19}%3 +\\[53\\] \"x\", no\r\n"},
+            {"Type,Data/Time,Component,Version,Message Number,Function,Object,Session,Username,"
+             "MachineName,Description\r\n",
+             "4,%1,v1\\.0\\.CoreTest,1\\.0\\.0,9700,SaveTheTeamOfTheTable,TeamDAO,%2,,%3,"
+             "\"\\[53\\] \"x\", no\"\r\n"},
+        };
+        for (qint32 destination = 1; const auto& [header, record] : layouts) {
+            const AppFolder folder;
+            Logging log;
+            log.SetLogPath(' ' + Paths().TempPath.chopped(destination % 2) + ' ');
+            QCOMPARE(log.LogPath(), Paths().TempPath);
+            log.LogDestination = destination++;
+            QStringList shown; // whether it is written or not
+            log.ShowError = [&](const QString& text) { shown.append(text); };
+            for (log.DebugLevel = 3; log.DebugLevel <= 5; ++log.DebugLevel)
+                QCOMPARE(log.ProgramError(53, "\"x\", no", "SaveTheTeamOfTheTable", "TeamDAO"),
+                         log.DebugLevel >= 4);
+            QCOMPARE(shown,
+                     QStringList(3, "9700 : [53] \"x\", no [SaveTheTeamOfTheTable/TeamDAO]"));
+            for (const qint32 quietType : {8, 16, 32}) // the last error stays the last message
+                QVERIFY(!log.Record(quietType, 1099, {}, {}, {}) && log.MessageNumber() == 9700);
+            const QString text = ReadFile(folder.Path("ISApplication.Log"));
+            const QString pattern =
+                record.arg("\\d\\d/.+/\\d{4} \\d\\d:\\d\\d:\\d\\d", AppSession().SessionID,
+                           QRegularExpression::escape(AppSession().MachineName));
+            const QRegularExpression records("\\A(" + pattern + "){2}\\z");
+            QVERIFY2(text.startsWith(header) && records.match(text.mid(header.size())).hasMatch(),
+                     qPrintable(text));
+        }
+    }
+
+    void aSessionEndsWithANotice() {
+        const AppFolder folder;
+        AppLog().DebugLevel = 32;
+        qputenv("USERNAME", "Ann");
+        QVERIFY(Session().PCUsername == "Ann" && Session().CreatedDate.contains(':'));
+        QVERIFY(ReadFile(folder.Path("ISApplication.Log")).endsWith("Class Terminate\r\n"));
+    }
+
+    void developersSeeWhatIsSwallowed() {
+        AppFolder folder;
+        AppLog().SetLogPath(folder.Path("missing"));
+        AppLog().DebugLevel = 4;
+        AppLog().ShowError = [](const QString&) { throw 1; };
+        const QString lost = "lost a record for " + AppLog().LogPath();
+        const std::pair<int (*)(), const char*> failures[] = {
+            {[]() -> int { throw RuntimeError(53, "no file"); }, "[53] no file [P/C]"},
+            {[]() -> int { throw std::bad_alloc(); }, "[7] Out of memory [P/C]"},
+            {[]() -> int { throw std::runtime_error("why"); }, "[5] why [P/C]"},
+            {[]() -> int { throw 1; }, "[5] Unknown error [P/C]"},
+        };
+        QTest::failOnWarning(QRegularExpression("."));
+        for (const auto& [body, message] : failures) {
+            QCOMPARE(Guarded("P", "C", 7, body), 7); // in silence, although the box fails as well
+            QLoggingCategory::setFilterRules("rankelo.errors=true");
+            for (const QString& text : {QString(message), lost})
+                QTest::ignoreMessage(QtWarningMsg, qPrintable(text));
+            QCOMPARE(Guarded("P", "C", 7, body), 7);
+            QLoggingCategory::setFilterRules({});
+        }
+    }
 };
 
-QTEST_GUILESS_MAIN(UtilitiesTest)
-#include "UtilitiesTest.moc"
+QTEST_GUILESS_MAIN(CoreTest)
+#include "CoreTest.moc"
