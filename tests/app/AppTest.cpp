@@ -1,4 +1,3 @@
-#include "app/Desktop.h"
 #include "app/TextBoxFocus.h"
 #include "app/frmAbout.h"
 #include "app/modCommon.h"
@@ -18,8 +17,6 @@
 #include <QTimer>
 
 #include <span>
-
-using namespace Qt::StringLiterals;
 
 class AppTest : public QObject {
     Q_OBJECT
@@ -72,25 +69,11 @@ private slots:
         }
     }
 
-    // One box an error in mode "1" alone.
-    void showsErrorsInDebugModeOnly() {
-        const AppFolder folder;
-        ConnectDesktop();
-        for (const QString& mode : {u"1"_s, u"01"_s, u""_s, u"0"_s}) {
-            modCommon::AppSettings().DebugMode = mode;
-            const auto box = MessageBox(u"Application Error"_s, u"9700 : [7] <b>why</b> [P/C]"_s,
-                                        Qt::Key_Return);
-            const ModalAnswers answers(std::list(mode == u"1"_s ? 1 : 0, box));
-            AppLog().ProgramError(7, u"<b>why</b>"_s, u"P"_s, u"C"_s);
-            QVERIFY2(answers.AllGiven(), qPrintable(mode));
-        }
-    }
-
     void selectsAListItem() {
         QComboBox list;
-        list.addItems({u"Arial"_s, u"ärger"_s, u"ARIAL"_s});
+        list.addItems({"Arial", "ärger", "ARIAL"});
         for (const auto& [text, index] :
-             {std::pair(u"aRiAl"_s, 0), std::pair(u"ÄRGER"_s, 1), std::pair(u"Aria"_s, -1)}) {
+             {std::pair("aRiAl", 0), std::pair("ÄRGER", 1), std::pair("Aria", -1)}) {
             list.setCurrentIndex(2);
             QCOMPARE(modCommon::SelectListItem(list, text), index >= 0);
             QCOMPARE(list.currentIndex(), index >= 0 ? index : 2);
@@ -103,7 +86,7 @@ private slots:
             QWidget screen;
             screen.setPalette(QPalette(Qt::black));
             const QCheckBox other(&screen);
-            auto* box = new QLineEdit(u"O'Brien's"_s, &screen);
+            auto* box = new QLineEdit("O'Brien's", &screen);
             box->move(0, 50);
             TextBoxFocus::Attach(box, isPlain ? Palette : BlueAndWhite);
             const QColor white = isPlain ? Qt::black : Qt::white;
@@ -114,27 +97,27 @@ private slots:
             QCOMPARE(background(), white);
 
             Press(Qt::Key_Tab);
-            QCOMPARE(box->selectedText(), u"O'Brien's"_s);
+            QCOMPARE(box->selectedText(), "O'Brien's");
             QCOMPARE(box->cursorPosition(), 0);
             QCOMPARE(background(), isPlain ? Qt::black : QColor(0, 153, 204));
-            Type(u"8'"_s);
+            Type("8'");
             Click(*box);
             QVERIFY2(!box->hasSelectedText(), "a click inside selects nothing");
 
             // Another program, a menu or a message in front is not the end of the entry.
             QMenu menu(&screen);
-            menu.addAction(u"Paste"_s);
+            menu.addAction("Paste");
             menu.popup(QPoint());
             Press(Qt::Key_Escape);
             QWidget window;
             ShowScreen(window);
             QVERIFY(!box->hasFocus());
             ShowScreen(screen);
-            Type(u"9'"_s);
-            QCOMPARE(box->text(), u"8'9'"_s);
+            Type("9'");
+            QCOMPARE(box->text(), "8'9'");
 
             Press(Qt::Key_Tab);
-            QCOMPARE(box->text(), u"89"_s);
+            QCOMPARE(box->text(), "89");
             QCOMPARE(background(), white);
         }
     }
@@ -152,7 +135,7 @@ private slots:
             // It is painted, not an empty frame.
             QCOMPARE(splash.screen()->grabWindow(splash.winId()).toImage(),
                      splash.grab().toImage());
-            QVERIFY(!Control<QPushButton>(splash, u"cmdClose"_s).isVisible());
+            QVERIFY(!Control<QPushButton>(splash, "cmdClose").isVisible());
             QTest::keyClick(&splash, Qt::Key_Escape);
             QTest::keyClick(&console, Qt::Key_Space);
             QTest::mouseClick(&console, Qt::LeftButton);

@@ -209,10 +209,10 @@ private slots:
         AppFolder folder;
         Utilities& u = AppUtilities();
         const QString ini = folder.IniPath();
-        const struct {
-            const char *section, *key, *value;
-            QByteArray before, after; // the part that changes; none for what could not be read back
-        } cases[] = {
+        // The section, the key and the value; what changes and what is there then, nothing for
+        // what could not be read back.
+        using Text = const char*;
+        const std::tuple<Text, Text, Text, QByteArray, QByteArray> cases[] = {
             {"Application", "FontName", "a", "FONTNAME =  Liberation Sans  \r\n", "FontName=a\r\n"},
             {"Application", "Fresh", "a", "Footer=\r\n", "Footer=\r\nFresh=a\r\n"},
             {"New", "k", "a", "; the end", "; the end\r\n[New]\r\nk=a\r\n"},
@@ -223,15 +223,14 @@ private slots:
             {"Application", "a=b", "a", {}, {}},
             {"Application", ";a", "a", {}, {}},
             {"", "k", "a", {}, {}},
-            {"a]", "k", "a", {}, {}},
         };
-        for (const auto& c : cases) {
+        for (const auto& [section, key, value, before, after] : cases) {
             WriteFile(ini, HandEdited);
-            const bool isWritten = u.WriteINIValue(ini, c.section, c.key, c.value);
-            QVERIFY(isWritten != c.before.isEmpty() && isWritten == folder.TakeReports().isEmpty());
+            const bool isWritten = u.WriteINIValue(ini, section, key, value);
+            QVERIFY(isWritten != before.isEmpty() && isWritten == folder.TakeReports().isEmpty());
             QByteArray expected = HandEdited;
             if (isWritten)
-                expected.replace(expected.indexOf(c.before), c.before.size(), c.after);
+                expected.replace(expected.indexOf(before), before.size(), after);
             QCOMPARE(ReadFile(ini), expected);
         }
         const QString zero(1, QChar());
@@ -272,7 +271,8 @@ private slots:
             QCOMPARE(shown,
                      QStringList(3, "9700 : [53] \"x\", no [SaveTheTeamOfTheTable/TeamDAO]"));
             for (const qint32 quietType : {8, 16, 32}) // the last error stays the last message
-                QVERIFY(!log.Record(quietType, 1099, {}, {}, {}) && log.MessageNumber() == 9700);
+                QVERIFY(!log.Record(quietType, 1099, {}, {}, {}) && log.MessageType() == 4 &&
+                        log.MessageNumber() == 9700);
             const QString text = ReadFile(folder.Path("ISApplication.Log"));
             const QString pattern =
                 record.arg("\\d\\d/.+/\\d{4} \\d\\d:\\d\\d:\\d\\d", AppSession().SessionID,

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Insert = u"INSERT INTO Teams (TeamID,TeamName) VALUES ('k','n')"_s;
+const QString Insert = "INSERT INTO Teams (TeamID,TeamName) VALUES ('k','n')";
 
 // The empty quiz after a change to its tables.
 QByteArray fileAfter(const QString& statement) {
@@ -33,8 +33,8 @@ QString textOf(const std::unique_ptr<SummaryList>& list) {
     if (list)
         for (const auto& row : *list)
             rows += QString::number(row->Position) + u' ' + row->TeamName + u' ' +
-                    QString::number(row->Score) + (row->Joker ? u"*"_s : QString());
-    return list ? rows.join(u", "_s) : u"nothing"_s;
+                    QString::number(row->Score) + (row->Joker ? "*" : QString());
+    return list ? rows.join(", ") : "nothing";
 }
 
 } // namespace
@@ -44,68 +44,62 @@ class DataTest : public QObject {
 
 private slots:
     void opensAQuizAndRefusesAnythingElse() {
-        const struct {
-            QString folder;
-            QByteArray file;
-            int error = 0; // 0 for a sound file
-            QString reason = {};
-        } cases[] = {
-            {u"Quiz #7 100%, a&mode=ro;b %41 ü 'x"_s, EmptyDatabase()},
-            {u"side files"_s, fileAfter(u"PRAGMA journal_mode=WAL"_s)},
-            {u"more"_s, fileAfter(u"ALTER TABLE Teams ADD COLUMN Captain"_s)},
-            {u"empty"_s, {}, 1, u"the file is empty. Put back"_s},
-            {u"text"_s, QByteArray(5000, 'x'), 26, u"this is not a quiz database. Put"_s},
-            {u"Access"_s, "\0\1\0\0Standard Jet DB\0"_ba + QByteArray(5000, '\0'), 26,
-             u"this is a file of Microsoft Access, which Rankelo cannot read. Put"_s},
-            {u"less"_s, fileAfter(u"ALTER TABLE Rounds DROP COLUMN MaxScore"_s), 1,
-             u"(no such column: MaxScore)"_s},
+        // The folder, the file, and for a file that is not sound the error and its reason.
+        const std::tuple<QString, QByteArray, int, QString> cases[] = {
+            {"Quiz #7 100%, a&mode=ro;b %41 ü 'x", EmptyDatabase(), 0, {}},
+            {"side files", fileAfter("PRAGMA journal_mode=WAL"), 0, {}},
+            {"more", fileAfter("ALTER TABLE Teams ADD COLUMN Captain"), 0, {}},
+            {"empty", {}, 1, "the file is empty. Put back"},
+            {"Access", "\0\1\0\0Standard Jet DB\0"_ba + QByteArray(5000, '\0'), 26,
+             "this is a file of Microsoft Access, which Rankelo cannot read. Put"},
+            {"less", fileAfter("ALTER TABLE Rounds DROP COLUMN MaxScore"), 1,
+             "(no such column: MaxScore)"},
             // In an index, which only the check of the whole file sees.
-            {u"damaged"_s,
-             QByteArray(EmptyDatabase()).replace(8192, 4096, QByteArray(4096, '\xA5')), 11,
-             u"the file is damaged ("_s},
-            {u"few"_s, fileAfter(u"DROP TABLE Teams"_s), 1, u"(no such table: Teams)"_s},
-            {u"fewer"_s, fileAfter(u"DROP TABLE Results"_s), 1, u"(no such table: Results)"_s},
+            {"damaged", QByteArray(EmptyDatabase()).replace(8192, 4096, QByteArray(4096, '\xA5')),
+             11, "the file is damaged ("},
+            {"few", fileAfter("DROP TABLE Teams"), 1, "(no such table: Teams)"},
+            {"fewer", fileAfter("DROP TABLE Results"), 1, "(no such table: Results)"},
         };
-        for (const auto& c : cases) {
-            AppFolder folder(c.folder);
+        for (const auto& [name, file, error, reason] : cases) {
+            AppFolder folder(name);
             folder.Open();
-            WriteFile(folder.DatabasePath(), c.file);
-            const bool isSound = c.error == 0;
+            WriteFile(folder.DatabasePath(), file);
+            const bool isSound = error == 0;
             QCOMPARE(AppDatabase().OpenDatabase(), isSound);
             const QString report = folder.TakeReports().join(u'\n');
-            QVERIFY2(isSound || (report.startsWith(u"9700 : [%1] "_s.arg(c.error)) &&
-                                 report.contains(c.reason)),
+            const QString number = QString("9700 : [%1] ").arg(error);
+            QVERIFY2(isSound || (report.startsWith(number) && report.contains(reason)),
                      qPrintable(report));
             QCOMPARE(AppDatabase().ExecuteSQL(Insert), isSound);
             // What was saved is in the one file at once, and on the disk.
-            QCOMPARE(folder.Files(), QStringList{u"Rankelo.MDB"_s});
+            QCOMPARE(folder.Files(), QStringList{"Rankelo.MDB"});
             if (isSound) {
-                QVERIFY(RunForeign(folder.DatabasePath(), {u"SELECT * FROM Teams"_s}) ==
-                        QStringList{u"k"_s});
-                QVERIFY(answer(u"PRAGMA journal_mode"_s) == u"delete" &&
-                        answer(u"PRAGMA synchronous"_s) == u"3");
+                QVERIFY(RunForeign(folder.DatabasePath(), {"SELECT * FROM Teams"}) ==
+                        QStringList{"k"});
+                QVERIFY(answer("PRAGMA journal_mode") == u"delete" &&
+                        answer("PRAGMA synchronous") == u"3");
             }
             // What is closed stays closed, and a refused file as it was.
             QVERIFY(AppDatabase().CloseDatabase() && !AppDatabase().ExecuteSQL(Insert));
-            QVERIFY(folder.TakeReports().last().contains(u" : [91] The database is not open ["_s));
-            QVERIFY(isSound || ReadFile(folder.DatabasePath()) == c.file);
+            QVERIFY(folder.TakeReports().last().contains(" : [91] The database is not open ["));
+            QVERIFY(isSound || ReadFile(folder.DatabasePath()) == file);
         }
     }
 
     void aLockedFileIsWaitedForOnce() {
         AppFolder folder;
         folder.Open();
-        const QString wait = u"PRAGMA busy_timeout"_s;
-        QCOMPARE(answer(wait), u"1500"_s);
+        const QString wait = "PRAGMA busy_timeout";
+        QCOMPARE(answer(wait), "1500");
         auto lock = std::make_unique<ForeignLock>(folder.DatabasePath());
         QVERIFY(!AppDatabase().ExecuteSQL(Insert));
         QVERIFY(folder.TakeReports().first().startsWith(u"9700 : [5] "));
-        QCOMPARE(answer(wait), u"0"_s); // a screen with many statements would freeze
+        QCOMPARE(answer(wait), "0"); // a screen with many statements would freeze
         QVERIFY(!AppDatabase().OpenDatabase());
         QVERIFY(folder.TakeReports().first().contains(u"another program holds the file"));
         lock.reset();
         folder.Open();
-        QTRY_COMPARE(answer(wait), u"1500"_s);
+        QTRY_COMPARE(answer(wait), "1500");
         QVERIFY(AppDatabase().ExecuteSQL(Insert));
     }
 
@@ -115,19 +109,18 @@ private slots:
         const AppFolder folder;
         folder.Open();
         QVERIFY(AppDatabase().KeepCopy());
-        QCOMPARE(folder.Files(), QStringList(u"Rankelo.MDB"_s));
-        RunForeign(folder.DatabasePath(), {u"INSERT INTO Teams VALUES ('k','O''Brien')"_s});
+        QCOMPARE(folder.Files(), QStringList("Rankelo.MDB"));
+        RunForeign(folder.DatabasePath(), {"INSERT INTO Teams VALUES ('k','O''Brien')"});
         QVERIFY(AppDatabase().KeepCopy() && AppDatabase().KeepCopy());
-        const QStringList copies = folder.Files(u"Earlier quizzes"_s);
+        const QStringList copies = folder.Files("Earlier quizzes");
         QCOMPARE(copies.size(), 2);
         for (const QString& copy : copies) {
             const QRegularExpression name(uR"(^\d{4}-\d\d-\d\d \d\d\.\d\d( \(2\))?\.MDB$)"_s);
             QVERIFY2(name.match(copy).hasMatch(), qPrintable(copy));
-            QCOMPARE(
-                RunForeign(
-                    folder.Path(u"Earlier quizzes/"_s + copy),
-                    {u"SELECT integrity_check || ' ' || TeamName FROM pragma_integrity_check, Teams"_s}),
-                QStringList(u"ok O'Brien"_s));
+            QCOMPARE(RunForeign(folder.Path("Earlier quizzes/" + copy),
+                                {"SELECT integrity_check || TeamName "
+                                 "FROM pragma_integrity_check, Teams"}),
+                     QStringList("okO'Brien"));
         }
     }
 
@@ -158,13 +151,13 @@ private slots:
         // The numbers of the rounds A, B and C; the move; the list then, with one more round; and
         // the round that cannot be written, where the move stops.
         const std::tuple<std::array<int, 3>, QString, qint32, const char*, QString> cases[] = {
-            {{1, 5, 9}, u"B"_s, RoundDAO::Down, "A1 C2 B6 new7", {}},
-            {{1, 5, 9}, u"B"_s, 3, "A1 C2 B5 new6", {}},
-            {{4, 4, 4}, u"B"_s, RoundDAO::Up, "A1 C2 B3 new4", {}},
-            {{2, 5, 9}, u"b"_s, RoundDAO::Up, "A1 B2 C3 new4", {}},
-            {{1, 2, 2147483647}, u"C"_s, 3, "A1 new1 B2 C2147483647", {}}, // overflow
-            {{1, 2, 4}, u"B"_s, RoundDAO::Up, "A1 B2 C4 new5", u"B"_s},
-            {{1, 2, 4}, u"A"_s, 3, "A1 B2 C4 new5", u"B"_s},
+            {{1, 5, 9}, "B", RoundDAO::Down, "A1 C2 B6 new7", {}},
+            {{1, 5, 9}, "B", 3, "A1 C2 B5 new6", {}},
+            {{4, 4, 4}, "B", RoundDAO::Up, "A1 C2 B3 new4", {}},
+            {{2, 5, 9}, "b", RoundDAO::Up, "A1 B2 C3 new4", {}},
+            {{1, 2, 2147483647}, "C", 3, "A1 new1 B2 C2147483647", {}}, // overflow
+            {{1, 2, 4}, "B", RoundDAO::Up, "A1 B2 C4 new5", "B"},
+            {{1, 2, 4}, "A", 3, "A1 B2 C4 new5", "B"},
         };
         for (const auto& [numbers, moved, direction, expected, refused] : cases) {
             const AppFolder folder;
@@ -176,7 +169,7 @@ private slots:
                         "SELECT RAISE(ABORT,'no'); END"_s.arg(refused)});
             folder.Open();
             Round added;
-            added.RoundName = u"new"_s;
+            added.RoundName = "new";
             QVERIFY(RoundDAO().Reorder(moved, direction) == refused.isEmpty());
             QVERIFY(RoundDAO().Save(added));
             QStringList rounds;
@@ -191,21 +184,21 @@ private slots:
         AppFolder folder;
         folder.Open();
         RunForeign(folder.DatabasePath(),
-                   {u"INSERT INTO Results VALUES ('a','r1','t1',1,0),('b','r1','t2',1,0),"
-                    "('c','r2','t1',1,0)"_s});
+                   {"INSERT INTO Results VALUES ('a','r1','t1',1,0),('b','r1','t2',1,0),"
+                    "('c','r2','t1',1,0)"});
         ResultDAO dao;
         Result result;
         QVERIFY(dao.Save(result));
-        result = Result(result.ResultID, u"r2"_s, u"O't"_s, -2147483647 - 1, 1);
+        result = Result(result.ResultID, "r2", "O't", -2147483647 - 1, 1);
         QVERIFY(dao.Save(result));
         const auto same = dao.GetResult(result.ResultID);
-        QCOMPARE(same->RoundID + same->TeamID, u"r2O't"_s);
+        QCOMPARE(same->RoundID + same->TeamID, "r2O't");
         QVERIFY(same->IsStored && same->Score == result.Score && same->Joker == 1);
         const auto count = [&](const QString& round, const QString& team) {
             return dao.GetResultList(round, team)->LastIndex() + 1;
         };
-        QVERIFY(count({}, {}) == 4 && count(u"r1"_s, {}) == 2 && count({}, u"t1"_s) == 2);
-        QVERIFY(count(u"r2"_s, u"t1"_s) == 1 && count(u"r2"_s, u"t2"_s) == 0);
+        QVERIFY(count({}, {}) == 4 && count("r1", {}) == 2 && count({}, "t1") == 2);
+        QVERIFY(count("r2", "t1") == 1 && count("r2", "t2") == 0);
         QVERIFY(dao.Delete(result.ResultID) && !dao.Delete(result.ResultID));
         QVERIFY(count({}, {}) == 3 && folder.TakeReports().isEmpty());
     }
@@ -238,23 +231,23 @@ private slots:
             QCOMPARE(textOf(dao.GetOverallSummary(2)), QString());
             QStringList quiz;
             for (const QString& team : teams.split(u' '))
-                quiz += u"INSERT INTO Teams VALUES ('%1','%1')"_s.arg(team);
+                quiz += QString("INSERT INTO Teams VALUES ('%1','%1')").arg(team);
             for (const QString& score : scores.split(u','))
-                quiz += u"INSERT INTO Results VALUES ('%1%2','%2','%1',%3,%4)"_s.arg(
-                    score.section(u' ', 0, 0), score.section(u' ', 1, 1), score.section(u' ', 2, 2),
-                    score.section(u' ', 3));
+                quiz += QString("INSERT INTO Results VALUES ('%1%2','%2','%1',%3,%4)")
+                            .arg(score.section(u' ', 0, 0), score.section(u' ', 1, 1),
+                                 score.section(u' ', 2, 2), score.section(u' ', 3));
             RunForeign(folder.DatabasePath(), quiz);
             // While a report is on the screen, another program may write.
             AppLog().ShowError = [&folder, remember = AppLog().ShowError](const QString& text) {
-                RunForeign(folder.DatabasePath(), {u"DELETE FROM Rounds"_s});
+                RunForeign(folder.DatabasePath(), {"DELETE FROM Rounds"});
                 remember(text);
             };
             const bool isReported = overall == "nothing"_L1 || scores.contains(u"NULL");
             QCOMPARE(textOf(dao.GetOverallSummary(2)), QLatin1StringView(overall));
             QCOMPARE(folder.TakeReports().isEmpty(), !isReported);
-            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 2)), round.section(u'/', 0, 0));
+            QCOMPARE(textOf(dao.GetSummaryForRound("r", 2)), round.section(u'/', 0, 0));
             QCOMPARE(folder.TakeReports().isEmpty(), round != u"nothing");
-            QCOMPARE(textOf(dao.GetSummaryForRound(u"r"_s, 1)), round.section(u'/', -1));
+            QCOMPARE(textOf(dao.GetSummaryForRound("r", 1)), round.section(u'/', -1));
         }
     }
 
@@ -269,12 +262,12 @@ private slots:
                 !SummaryDAO().GetSummaryForRound({}, 2) && !SummaryDAO().GetOverallSummary(2));
         QString reports;
         for (const QString& report : folder.TakeReports())
-            reports += report.section(u'[', -1).remove(u"DAO]"_s) + u' ';
-        QCOMPARE(reports.remove(u"GetRecordSet/DBObject] "_s),
-                 u"GetTeamList/Team GetTeam/Team ExecuteSQL/DBObject] GetRound/Round "
+            reports += report.section(u'[', -1).remove("DAO]") + u' ';
+        QCOMPARE(reports.remove("GetRecordSet/DBObject] "),
+                 "GetTeamList/Team GetTeam/Team ExecuteSQL/DBObject] GetRound/Round "
                  "GetNextRound/Round GetNextRound/Round GetRoundList/Round GetResultList/Result "
                  "GetResult/Result GetSummaryForRound/Summary GetTeamList/Team "
-                 "SortSummaryList/Summary "_s);
+                 "SortSummaryList/Summary ");
     }
 };
 

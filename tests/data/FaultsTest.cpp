@@ -13,8 +13,6 @@
 
 #include <cerrno>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// A disk that fails on demand. It stands between the database engine and the system and counts
@@ -80,11 +78,11 @@ namespace {
 const QString LongName(9000, u'n'); // so long that saving it writes several pages
 
 // Three teams with so many results that reading them takes several pages.
-const QStringList Quiz{u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<300) "
-                       "INSERT INTO Results SELECT 's'||i,'r'||(i%4),'t'||(i%3),1,0 FROM n"_s,
-                       u"INSERT INTO Teams SELECT DISTINCT TeamID,TeamID FROM Results"_s,
-                       u"INSERT INTO Rounds VALUES ('r','r',1,1),('q','q',2,1)"_s};
-const QString Right = u"shown 100 100 100"_s;
+const QStringList Quiz{"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<300) "
+                       "INSERT INTO Results SELECT 's'||i,'r'||(i%4),'t'||(i%3),1,0 FROM n",
+                       "INSERT INTO Teams SELECT DISTINCT TeamID,TeamID FROM Results",
+                       "INSERT INTO Rounds VALUES ('r','r',1,1),('q','q',2,1)"};
+const QString Right = "shown 100 100 100";
 
 bool saveTeam(const QString& name) {
     Team team;
@@ -95,26 +93,26 @@ bool saveTeam(const QString& name) {
 // The number of a new round "m"; 0 when it was not saved.
 qint32 saveRound() {
     Round round;
-    round.RoundName = u"m"_s;
+    round.RoundName = "m";
     return RoundDAO().Save(round) ? round.RoundNumber : 0;
 }
 
 // The scores of the overall standings.
 QString standings() {
     const auto list = SummaryDAO().GetOverallSummary(2);
-    QString scores = list ? u"shown"_s : u"nothing"_s;
+    QString scores = list ? "shown" : "nothing";
     if (list)
         for (const auto& row : *list)
-            scores += u" %1"_s.arg(row->Score);
+            scores += QString(" %1").arg(row->Score);
     return scores;
 }
 
 // What another program finds: the first letters of teams and rounds, behind "ok" for a sound file.
 QString foundIn(const QString& file) {
     return RunForeign(file,
-                      {u"SELECT * FROM pragma_integrity_check UNION ALL SELECT * FROM (SELECT "
+                      {"SELECT * FROM pragma_integrity_check UNION ALL SELECT * FROM (SELECT "
                        "substr(TeamName,1,1) FROM Teams UNION ALL SELECT substr(RoundName,1,1) "
-                       "FROM Rounds ORDER BY 1)"_s})
+                       "FROM Rounds ORDER BY 1)"})
         .join(u' ');
 }
 
@@ -153,7 +151,7 @@ private slots:
                 const int failures = (shown != Right) + (round == 0) + !saved;
                 const bool isSilent = folder.TakeReports().isEmpty();
                 const qint32 next = saveRound();
-                const bool isMended = saveTeam(u"z"_s) && standings().startsWith(Right);
+                const bool isMended = saveTeam("z") && standings().startsWith(Right);
                 const QString left = foundIn(folder.DatabasePath());
                 const int most = !isReached ? 0 : times == always || error == ENOSPC ? 3 : 1;
                 QString what;
@@ -164,7 +162,7 @@ private slots:
                              left.startsWith(u"ok ") && (!round || left.contains(u'm')) &&
                              (!saved || left.contains(u'n')),
                          qPrintable(what));
-                QCOMPARE(folder.Files(), QStringList{u"Rankelo.MDB"_s});
+                QCOMPARE(folder.Files(), QStringList{"Rankelo.MDB"});
             }
     }
 
@@ -181,9 +179,9 @@ private slots:
             Disk = {};
             QCOMPARE(isKept, !isReached);
             QCOMPARE(folder.TakeReports().size(), !isKept);
-            QCOMPARE(folder.Files(u"Earlier quizzes"_s).size(), isKept);
+            QCOMPARE(folder.Files("Earlier quizzes").size(), isKept);
             QVERIFY(ReadFile(folder.DatabasePath()) == quiz && AppDatabase().KeepCopy());
-            const QString copy = u"Earlier quizzes/"_s + folder.Files(u"Earlier quizzes"_s)[0];
+            const QString copy = "Earlier quizzes/" + folder.Files("Earlier quizzes")[0];
             QCOMPARE(foundIn(folder.Path(copy)), foundIn(folder.DatabasePath()));
         }
     }
@@ -201,20 +199,20 @@ private slots:
         for (const auto& [found, expected, stored] : cases) {
             AppFolder folder;
             folder.Open();
-            QVERIFY(saveTeam(u"a"_s) && QFile::remove(folder.DatabasePath()));
+            QVERIFY(saveTeam("a") && QFile::remove(folder.DatabasePath()));
             if (!found.isEmpty())
                 WriteFile(folder.DatabasePath(), found);
             QString outcomes;
             for (int i = 0; i < 3; ++i) {
-                const bool saved = saveTeam(u"b"_s);
+                const bool saved = saveTeam("b");
                 const QString report = folder.TakeReports().value(0);
-                outcomes += saved ? u"ok "_s : report.section(u'[', 1).section(u']', 0, 0) + u' ';
+                outcomes += saved ? "ok " : report.section(u'[', 1).section(u']', 0, 0) + u' ';
                 QVERIFY2(report.count(folder.DatabasePath()) <= 1, qPrintable(report));
             }
             QCOMPARE(outcomes, QLatin1StringView(expected));
             if (!outcomes.endsWith(u"ok "))
                 WriteFile(folder.DatabasePath(), EmptyDatabase());
-            QVERIFY(saveTeam(u"c"_s));
+            QVERIFY(saveTeam("c"));
             QCOMPARE(foundIn(folder.DatabasePath()), QLatin1StringView(stored));
         }
     }
@@ -224,8 +222,8 @@ private slots:
         Disk = {FaultyDisk::Writes, 1, FaultyDisk::Always, EACCES};
         folder.Open();
         Disk = {};
-        QVERIFY(!saveTeam(u"a"_s) && folder.TakeReports()[0].startsWith(u"9700 : [8] "));
-        QVERIFY(saveTeam(u"b"_s));
+        QVERIFY(!saveTeam("a") && folder.TakeReports()[0].startsWith(u"9700 : [8] "));
+        QVERIFY(saveTeam("b"));
     }
 };
 

@@ -234,19 +234,24 @@ private slots:
         }
     }
 
-    // The operator who wants to see errors sees them over the board, which then has the keyboard.
+    // The operator who wants to see errors, and nobody else, sees them over the board, which then
+    // has the keyboard.
     void tellsErrorsOverTheBoard() {
-        const TestBoard board({}, "LabelWidth=0 DebugMode=1");
         QWidget console;
-        ShowScreen(console);
-        ConnectDesktop();
-        const ModalAnswers answers({[&](QDialog& box) {
-            QCOMPARE(box.parentWidget(), board.Screen);
-            Press(Qt::Key_Return);
-        }});
-        board.Screen->Build([&] { QVERIFY(!board.Render(RowsAt({1, 2}))); });
-        QVERIFY(answers.AllGiven());
-        QTRY_VERIFY(board.Screen->isActiveWindow());
+        for (const char* mode : {"1", "01", "", "0"}) {
+            const TestBoard board({}, QByteArray("LabelWidth=0 DebugMode=") + mode);
+            ShowScreen(console);
+            ConnectDesktop();
+            const auto told = [&](QDialog& box) {
+                QCOMPARE(box.parentWidget(), board.Screen);
+                MessageBox("Application Error", "9700 : [11] Division by zero [RenderLine/Render]",
+                           Qt::Key_Return)(box);
+            };
+            const ModalAnswers answers(std::list<ModalAnswers::Answer>(*mode == '1', told));
+            board.Screen->Build([&] { QVERIFY(!board.Render(RowsAt({1, 2}))); });
+            QVERIFY(answers.AllGiven());
+            QTRY_VERIFY(board.Screen->isActiveWindow());
+        }
     }
 
     // The window gets another size while the board is open: it is laid out anew for it, with what
