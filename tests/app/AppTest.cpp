@@ -26,37 +26,34 @@ private slots:
 
     void loads() {
         const char* defaults = "Arial 32 0 0 16576 16512 8454143 8454143 40 80 200 200 7 500";
-        const struct {
-            const char* file; ///< the lines below [Application]; nullptr for no file
-            const char* settings;
-            const char* reason = ""; ///< of the failure
-        } cases[] = {
-            {nullptr, defaults},
-            {"FontName=\nFontSize=\nFooter=\nBColorA=   \n", defaults},
+        // The lines below [Application], or no file; the settings then; the reason of a failure.
+        const std::tuple<const char*, const char*, const char*> cases[] = {
+            {nullptr, defaults, ""},
+            {"FontName=\nFontSize=\nFooter=\nBColorA=   \n", defaults, ""},
             {"FOOTER = 2.5\nCellPadX=1e2\nLabelWidth=-7\nFontSize=huge\nDebugMode=01\n"
              "FontName=a b\nFColorA=3\nBColorA=4\nFColorB=5\nBColorB=6\nBackGround=7\n"
              "CellPadY=8\nLeftMargin=9\nRightMargin=10\n",
-             "a b huge 01 7 4 6 3 5 100 8 9 10 -7 2"},
+             "a b huge 01 7 4 6 3 5 100 8 9 10 -7 2", ""},
             // The values up to the wrong one are taken, the others stay.
             {"BColorA=9\nBColorB=brown\nFooter=9\n", "Arial 32 0 0 9 3 4 5 6 7 8 9 10 11",
              "Rankelo.INI: BColorB=brown: Type mismatch"},
             {"BackGround=2147483648\n", "Arial 32 0 1 2 3 4 5 6 7 8 9 10 11",
              "Rankelo.INI: BackGround=2147483648: Overflow"},
         };
-        for (const auto& c : cases) {
+        for (const auto& [file, settings, reason] : cases) {
             AppFolder folder;
-            if (c.file)
-                WriteFile(folder.IniPath(), QByteArray("[application]\n") + c.file);
+            if (file)
+                WriteFile(folder.IniPath(), QByteArray("[application]\n") + file);
             modCommon::AppSettings() = {};
             for (qint32 number = 1; const Setting& setting : std::span(SettingsTable).subspan(3))
                 setting.Assign(modCommon::AppSettings(), QString::number(number++));
-            QCOMPARE(modCommon::Settings(modCommon::LoadSettings), !*c.reason);
+            QCOMPARE(modCommon::Settings(modCommon::LoadSettings), !*reason);
             QStringList values;
             for (const Setting& setting : SettingsTable)
                 values.append(setting.TextIn(modCommon::AppSettings()));
-            QCOMPARE(values.join(u' '), QLatin1StringView(c.settings));
-            QVERIFY(AppLog().Description().contains(QLatin1StringView(c.reason)));
-            QCOMPARE(QFile::exists(folder.IniPath()), c.file != nullptr);
+            QCOMPARE(values.join(u' '), settings);
+            QVERIFY(AppLog().Description().contains(reason));
+            QCOMPARE(QFile::exists(folder.IniPath()), file != nullptr);
         }
     }
 

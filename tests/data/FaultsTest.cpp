@@ -49,8 +49,7 @@ int open64(const char* path, int flags, ...) {
     const auto kind = (flags & O_ACCMODE) == O_RDWR ? FaultyDisk::Writes : FaultyDisk::Others;
     if (Disk.Times == FaultyDisk::UntilReopened && QLatin1StringView(path).endsWith(u".MDB"))
         Disk.Times = 0;
-    constexpr mode_t mode = 0600; // of every file that a test makes
-    return Call<int(const char*, int, ...)>("open64", kind, path, flags, mode);
+    return Call<int(const char*, int, ...)>("open64", kind, path, flags, mode_t{0600});
 }
 
 ssize_t pread64(int file, void* bytes, size_t size, off64_t offset) {
