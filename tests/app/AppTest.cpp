@@ -120,7 +120,6 @@ private slots:
     }
 
     void splashStaysTwoSecondsWhateverThePersonDoes() {
-        AppFolder folder;
         // What a person types and clicks meanwhile must not reach this one either.
         QPushButton console;
         const QSignalSpy pressed(&console, &QPushButton::pressed);
@@ -144,7 +143,6 @@ private slots:
         time.start();
         splash.RunAsSplash();
         QVERIFY(time.elapsed() >= 2000 && seen == 2 && pressed.isEmpty());
-        QCOMPARE(folder.TakeReports(), QStringList());
     }
 };
 

@@ -13,7 +13,6 @@
 #include <QFontInfo>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPainter>
 #include <QPdfWriter>
 #include <QTest>
 #include <QTreeWidget>
