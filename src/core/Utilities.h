@@ -41,7 +41,7 @@ public:
 
     // In reserve: nothing in the program calls what follows. It completes the library for those
     // who build on it; the code is in UtilitiesInReserve.cpp, and each has its row in
-    // UtilitiesTest.
+    // CoreTest.
 
     /// "major.minor.x.y" of a file that carries a version block, otherwise empty.
     QString GetFileVersion(const QString& path);

@@ -76,7 +76,9 @@ void DBObject::keepCopy() {
     try {
         run(QStringLiteral("VACUUM INTO '") + SQLTextField(path) + u'\'');
     } catch (const RuntimeError&) {
-        QFile::remove(path); // half a copy is none
+        // Half a copy is none; a full disk keeps the engine's own file beside it, too.
+        QFile::remove(path);
+        QFile::remove(path + QStringLiteral("-journal"));
         throw;
     }
 }

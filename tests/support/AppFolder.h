@@ -17,9 +17,9 @@ public:
     QString Path(const QString& file) const { return m_folder + u'/' + file; }
     QString DatabasePath() const { return Path("Rankelo.MDB"); }
     QString IniPath() const { return Path("Rankelo.INI"); }
-    /// The names of everything in the folder, sorted.
-    QStringList Files() const {
-        return QDir(m_folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    /// The names of everything in the folder or in one below it, sorted.
+    QStringList Files(const QString& below = {}) const {
+        return QDir(Path(below)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
     /// Opens the database; the test ends at once when that fails.

@@ -5,19 +5,12 @@
 
 /// A text that somebody may type, paste or store as the name of a team or a round.
 struct HostileText {
-    /// `stored` and `pasted` are empty for the text itself.
-    HostileText(const char* what, const QString& text, const QString& stored = {},
-                const QString& pasted = {})
-        : What(what)
-        , Text(text)
-        , Stored(stored.isEmpty() ? text : stored)
-        , Pasted(pasted.isEmpty() ? Stored : pasted) {}
-
     const char* What;
     QString Text;
-    QString Stored; ///< what a save through the data classes makes of it
+    QString Stored = Text; ///< what a save through the data classes makes of it
     bool IsRefused = Text.contains(QChar(0));
-    QString Pasted; ///< what the entry screens make of it: a line that ends in "|" is one record
+    QString Pasted =
+        Stored; ///< what the entry screens make of it: a line that ends in "|" is one record
 };
 
 inline QList<HostileText> HostileTexts() {
@@ -29,12 +22,12 @@ inline QList<HostileText> HostileTexts() {
         {"a statement", "'); DROP TABLE Teams;--/* c */ ? :name $1 %_[a-z]*"},
         {"markup and formats", "<b>x</b><img src=\"/etc/passwd\">&amp;<br> %1 %s %n %99 {0} \\"},
         {"a menu key", "Tom & Jerry && Co"},
-        {"a column", "a\nb \r\n \r\n\tc\t\td\r", {}, "a|b |c d|"},
-        {"a line end and a tab", "a\tb\r\n", {}, "a b"},
+        {.What = "a column", .Text = "a\nb \r\n \r\n\tc\t\td\r", .Pasted = "a|b |c d|"},
+        {.What = "a line end and a tab", .Text = "a\tb\r\n", .Pasted = "a b"},
         {"surrounding blanks", "  a  "},
         {"right to left", "\u202Eabc\u202C \u200F\u05D0\u05D1 \u0627\u0644"},
         {"emoji", "\U0001F9D1\u200D\U0001F680\U0001F1E9\U0001F1EA e\u0301"},
-        {"invisible separators", "a\uFEFF\u2028\u2029\u200B", {}, "a\uFEFF|\u200B|"},
+        {.What = "separators", .Text = "a\uFEFF\u2028\u2029\u200B", .Pasted = "a\uFEFF|\u200B|"},
         {"stacked marks", u'Z' + QString(500, QChar(0x0334))},
         {"10,000 characters", QString(10000, u'x')},
         {"a code that is no character", u'a' + QString(QChar(0xFFFE)), "a\uFFFD"},
