@@ -61,8 +61,8 @@ private:
             return true;
         if (!m_pairsRepeats)
             return false;
-        const bool isRepeat = m_release.event && m_release.event->key() == event.key() &&
-                              m_release.event->timestamp() == event.timestamp();
+        // Also when the press was so late that the release has been let go.
+        const bool isRepeat = m_release.key == event.key() && m_release.time == event.timestamp();
         if (event.type() == QEvent::KeyPress && isRepeat) {
             m_release.event.reset();
             return true;
@@ -71,6 +71,8 @@ private:
         if (event.type() == QEvent::KeyPress)
             return false;
         m_release.event.reset(event.clone());
+        m_release.key = event.key();
+        m_release.time = event.timestamp();
         m_release.window = &window;
         m_release.timer.start(ReleaseMilliseconds);
         return true;
@@ -104,11 +106,13 @@ private:
 
     const bool m_pairsRepeats;
     struct {
-        std::unique_ptr<QKeyEvent> event;
+        std::unique_ptr<QKeyEvent> event; ///< until it is known to be one
+        int key = 0;
+        quint64 time = 0; ///< by the X server
         QPointer<QWindow> window;
         QTimer timer;
         bool isOnItsWay = false;
-    } m_release; ///< the last release, until it is known to be one
+    } m_release; ///< the last one
     struct {
         const void* window = nullptr; ///< may be gone, and is only compared
         quint64 time = 0;
