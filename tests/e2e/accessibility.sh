@@ -2,8 +2,15 @@
 # What a screen reader finds on every screen, asked on the accessibility bus.
 source "$(dirname "$0")/../driver/driver.sh"
 
-# speaks: expects of the newest window what standard input says, in lines broken anywhere.
-speaks() { comes_to "$(paste -sd ' ')" "${desktop[@]}" "$project/tests/driver/spoken.py"; }
+# step KEY|BUTTON: presses it, and waits until another window has the keyboard.
+step() {
+    local key=$1 before
+    [[ $1 != cmd* ]] || { focus "$1" && key=space; }
+    before=$(xdotool getwindowfocus getwindowname)
+    press "$key"
+    within_patience "another window" has_left "$before"
+}
+has_left() { ! has_keyboard "$1" && has_keyboard "?*"; }
 
 begin accessibility
 open_display 1280x1024
@@ -19,7 +26,14 @@ END
 new_folder Rankelo "$place/quiz.sql"
 start_program "${bus[@]}" QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 window "$console"
-speaks <<END
+# The steps to a screen, and what it says.
+while read -ra way && read -rd % spoken && read -r; do
+    for key in "${way[@]:1}"; do
+        step "$key"
+    done
+    comes_to "${spoken//$'\n'/ }" "${desktop[@]}" "$project/tests/driver/spoken.py"
+done <<END
+console
 frame $(xdotool getwindowfocus getwindowname), combo box Round [1] Music, check box Show All Rankings,
 push button Rounds Setup ([F2] Add, Edit & Delete Rounds),
 push button Teams Setup ([F3] Enter, Edit & Delete Teams),
@@ -29,47 +43,27 @@ push button Show Rankelo ([F8] Display Results for Selected Round),
 push button View Round (View results in a Window),
 push button View Rankelo (Add, Edit & Delete Rounds),
 push button Configuration (Application Configuration),
-push button Exit Application (Exit Application), status bar Round 1 of 1: 1 of 2 results entered
-END
-go_to "Round Entry" F2
-speaks <<END
+push button Exit Application (Exit Application), status bar Round 1 of 1: 1 of 2 results entered %
+rounds F2
 dialog Round Entry, tree Round, Round Name, table cell 1, table cell Music, text Round Name:,
 push button Add a round, push button Rename the selected round, push button Delete the selected round,
-push button Move the selected round up, push button Move the selected round down
-END
-go_to "$console" Escape
-go_to "Team Entry" F3
-speaks <<END
+push button Move the selected round up, push button Move the selected round down %
+teams Escape F3
 dialog Team Entry, tree Team Name, table cell Ants, table cell Bees, text Team Name:,
-push button Add a team, push button Rename the selected team, push button Delete the selected team
-END
-go_to "$console" Escape
-go_to "Result Entry" F6
-speaks <<END
+push button Add a team, push button Rename the selected team, push button Delete the selected team %
+results Escape F6
 dialog Result Entry, combo box Round Name: Music, tree Team Name, Score, Joker,
-table cell Ants, table cell 7, table cell Y, table cell Bees (no result yet), table cell 0, table cell N
-END
-go_to "Ants" Return
-speaks <<END
-dialog Ants, text Score: Score, check box Joker, push button OK, push button Cancel
-END
-go_to "Result Entry" Escape
-go_to "$console" Escape
-go_to "Rankelo Results" F8
-speaks <<<"frame Rankelo Results"
-go_to "$console" Escape
-focus cmdViewLeader
-go_to "Rankelo Results" space
-speaks <<END
+table cell Ants, table cell 7, table cell Y, table cell Bees (no result yet), table cell 0, table cell N %
+score Return
+dialog Ants, text Score: Score, check box Joker, push button OK, push button Cancel %
+board Escape Escape F8
+frame Rankelo Results %
+standings Escape cmdViewLeader
 dialog Rankelo Results, tree Position, Team Name, Score, Joker,
 table cell 1, table cell Ants, table cell 14, table cell Played,
 table cell 2, table cell Bees, table cell 0, table cell,
-combo box Print Results To:, push button Print Results
-END
-go_to "$console" Escape
-focus cmdConfiguration
-go_to "Settings" space
-speaks <<END
+combo box Print Results To:, push button Print Results %
+settings Escape cmdConfiguration
 dialog Settings, combo box Font Display Font Arial, text Font,
 combo box Size in points Display Font 32, text Size in points,
 push button Primary Display Colour Background Colour..., push button Primary Display Colour Fore Colour...,
@@ -79,8 +73,7 @@ text Left Margin: Screen Settings Left Margin:, text Right: Screen Settings Righ
 text Footer: Screen Settings Footer:, text Horizontal: Cell Padding Horizontal:,
 text Vertical: Cell Padding Vertical:, text Width: Cell Padding Width:,
 push button Reset database and remove all data, check box Debug Messages, push button Save Settings,
-push button Close Window, push button Display Application Information
+push button Close Window, push button Display Application Information %
+about cmdAbout
+dialog Rankelo, push button Close %
 END
-focus cmdAbout
-go_to "Rankelo" space
-speaks <<<"dialog Rankelo, push button Close"
