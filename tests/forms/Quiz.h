@@ -16,15 +16,22 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <csignal>
+#include <cstdlib>
+
 /// A small quiz under way: three teams, three rounds, two scores in the first of them.
 struct Quiz : AppFolder {
-    Quiz() {
-        WriteFile(Path("JOKER.BMP"), ReadFile(":/JOKER.BMP"));
-        RunForeign(DatabasePath(),
-                   {"INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),('T3','Cats')",
-                    "INSERT INTO Rounds VALUES "
-                    "('R1','Music',1,10),('R2','Films',2,10),('R3','Sport',3,10)",
-                    "INSERT INTO Results VALUES ('X1','R1','T1',8,0),('X2','R1','T2',7,1)"});
+    /// A quiz that is in the folder already goes on.
+    explicit Quiz(const QString& folder = "Rankelo")
+        : AppFolder(folder) {
+        if (!QFile::exists(Path("JOKER.BMP"))) {
+            WriteFile(Path("JOKER.BMP"), ReadFile(":/JOKER.BMP"));
+            RunForeign(DatabasePath(),
+                       {"INSERT INTO Teams VALUES ('T1','Ants'),('T2','Bees'),('T3','Cats')",
+                        "INSERT INTO Rounds VALUES "
+                        "('R1','Music',1,10),('R2','Films',2,10),('R3','Sport',3,10)",
+                        "INSERT INTO Results VALUES ('X1','R1','T1',8,0),('X2','R1','T2',7,1)"});
+        }
         Open();
     }
     ~Quiz() { delete Board(); }
@@ -61,8 +68,9 @@ inline Screen ResultScreen() {
 
 /// A screen of the quiz that an operator has opened.
 struct Opened : Quiz {
-    explicit Opened(Screen (*make)())
-        : screen(make()) {
+    explicit Opened(Screen (*make)(), const QString& folder = "Rankelo")
+        : Quiz(folder)
+        , screen(make()) {
         ShowScreen(*screen);
     }
 
@@ -78,7 +86,7 @@ struct Opened : Quiz {
     /// "=text" types, "+text" pastes, with "/" for each line end, "?text" waits for the window or
     /// message with that title or text, "#2" runs a command of the console, "&name" clicks twice on
     /// a control, "%name" turns the wheel over it, and a name alone clicks on it. Between "(" and
-    /// ")" another program holds the file. No dialog stays open.
+    /// ")" another program holds the file, and "$" kills the process. No dialog stays open.
     void Play(const QString& steps) {
         QStringList left = steps.split(u' ', Qt::SkipEmptyParts);
         QList<QPointer<QWidget>> known{nullptr};
@@ -112,6 +120,12 @@ private:
         const auto* box = qobject_cast<QMessageBox*>(window);
         return window && (window->windowTitle() == text || (box && box->text() == text));
     }
+    [[noreturn]] static void kill() {
+#ifdef SIGKILL
+        std::raise(SIGKILL);
+#endif
+        std::_Exit(9); // what the parent of a killed process sees
+    }
     static void leave(QWidget& dialog, const QString& steps) {
         dialog.close();
         QFAIL(qPrintable(dialog.windowTitle() + " stays open after " + steps));
@@ -128,6 +142,8 @@ private:
                      : rest[0] == u'>' ? Clicks::TwoRight
                      : rest[0] == u'^' ? Clicks::Second
                                        : Clicks::One);
+        else if (step[0] == u'$')
+            kill();
         else if (step[0] == u'(')
             m_lock.emplace(DatabasePath());
         else if (step[0] == u')')

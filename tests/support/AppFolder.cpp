@@ -76,9 +76,10 @@ const QByteArray& EmptyDatabase() {
 }
 
 AppFolder::AppFolder(const QString& name)
-    : m_folder(m_parent.filePath(name)) {
+    : m_folder(QDir(m_parent.path()).absoluteFilePath(name)) {
     require(m_parent.isValid() && QDir().mkpath(m_folder), m_parent.errorString());
-    WriteFile(DatabasePath(), EmptyDatabase());
+    if (!QFile::exists(DatabasePath()))
+        WriteFile(DatabasePath(), EmptyDatabase());
     const QString path = QDir::toNativeSeparators(m_folder + u'/');
     AppLog().SetLogPath(path);
     AppLog().ShowError = [this](const QString& text) { m_reports.append(text); };

@@ -9,7 +9,8 @@
 /// it closes the database at its end.
 class AppFolder {
 public:
-    /// `name` is the folder's own name, to try awkward ones.
+    /// `name` is the folder's own name, to try awkward ones; or the path of one that stays, with
+    /// the database that is there.
     explicit AppFolder(const QString& name = "Rankelo");
     ~AppFolder();
     Q_DISABLE_COPY(AppFolder)
