@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
+#include <QScreen>
+#include <QWidget>
 #include <QtMath>
 
 #include <algorithm>
@@ -100,4 +102,10 @@ QIcon Theme::RowIcon(const QString& name) {
     icon.addFile(onDark, QSize(), QIcon::Selected);
     icon.addFile(onDark, QSize(), QIcon::Active); // in the list that a chooser drops down
     return icon;
+}
+
+void Theme::Resize(QWidget& window, int width, int height) {
+    constexpr QSize titleBar(0, 5 * Unit);
+    window.resize(
+        (QSize(width, height) * Unit).boundedTo(window.screen()->availableSize() - titleBar));
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 class QApplication;
+class QWidget;
 
 /// The one look of every screen: colours, spacing, icons. It follows the desktop's choice between
 /// light and dark.
@@ -34,5 +35,9 @@ QIcon Icon(const QString& name);
 /// The same for a row of a list, which is dark in either palette while it is selected. Reads files:
 /// one picture serves all rows.
 QIcon RowIcon(const QString& name);
+
+/// Gives a window its size in spacing units; less where its screen has less room beside a title
+/// bar.
+void Resize(QWidget& window, int width, int height);
 
 } // namespace Theme

@@ -87,7 +87,8 @@ frmOptions::frmOptions(QWidget* parent, std::function<void(QWidget* over)> showA
         auto* layout = new QGridLayout(this);
         constexpr int margin = 2 * Theme::Unit;
         layout->setContentsMargins(margin, margin, margin, margin);
-        layout->setSpacing(margin);
+        layout->setHorizontalSpacing(margin);
+        layout->setVerticalSpacing(Theme::Unit); // as high as a small screen lets it
         layout->addWidget(makeFontGroup(), 0, 0, 1, 2);
         layout->addWidget(makeColourGroup("fraPrimaryColours",
                                           QStringLiteral("Primary Display Colour"),
@@ -245,6 +246,7 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
     QLabel* label = makeLabel(number.label, number.caption);
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1StringView(number.box));
+    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
     TextBoxFocus::Attach(box, TextBoxFocus::Colours::Palette);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00000")) +
                        2 * Theme::Unit);

@@ -81,7 +81,7 @@ frmViewResults::frmViewResults(QWidget* parent)
     layout->addWidget(cmdPrint, 1, 2);
     layout->addWidget(lblPrinted, 2, 1, 1, 2);
     layout->setColumnStretch(1, 1);
-    resize(90 * Theme::Unit, 70 * Theme::Unit);
+    Theme::Resize(*this, 90, 70);
 
     Guarded("Form_Load", Component, [this] { listPrinters(); });
 }

@@ -55,7 +55,7 @@ void EntryForm::build() {
     layout->setSpacing(2 * Theme::Unit);
     layout->addWidget(m_list, 1);
     layout->addWidget(frame);
-    resize(80 * Theme::Unit, 68 * Theme::Unit);
+    Theme::Resize(*this, 80, 68);
 
     m_buttons->setSpacing(Theme::Unit);
     // The row of the entry box first, for that is where a quiz's typing happens.

@@ -113,7 +113,7 @@ void frmResultEntry::build() {
     layout->addWidget(m_teams, 1);
     layout->addWidget(makeCounters());
     setUpColumns();
-    resize(90 * Theme::Unit, 70 * Theme::Unit);
+    Theme::Resize(*this, 90, 70);
     setTabOrder(m_rounds, m_teams);
     m_teams->setFocus();
 }

@@ -57,8 +57,8 @@ QSize neededBy(const QWidget& control) {
     const auto* box = qobject_cast<const QLineEdit*>(&control);
     if (label && label->wordWrap())
         return {0, label->heightForWidth(label->width())};
-    if (box && box->isReadOnly())
-        return box->fontMetrics().size(0, box->text());
+    if (box) // An empty one waits for a name.
+        return box->fontMetrics().size(0, box->text().isEmpty() ? "Last Orders" : box->text());
     return control.minimumSizeHint();
 }
 
@@ -197,6 +197,8 @@ private slots:
             for (const auto& [make, order] : Screens) {
                 const std::unique_ptr<QWidget> screen = make();
                 ShowScreen(*screen);
+                if (!screen->screen()->availableGeometry().contains(screen->frameGeometry()))
+                    faults.append(screen->objectName() + " leaves the screen");
                 const QStringList visited = tabOrder(faults);
                 QCOMPARE(visited.join(u' '), order);
                 for (const bool isSmallest : {false, true}) {
@@ -240,13 +242,15 @@ private slots:
     }
 
 private:
-    // As on a desktop of such a palette, once with letters that are small, once with large ones.
+    // As on a desktop of such a palette, once with letters that are small, once with large ones
+    // where the desktop does not enlarge everything.
     static void applyLook(bool isDark) {
+        const bool isLarge = isDark && qApp->devicePixelRatio() == 1;
         QApplication::setPalette(QPalette(isDark ? Qt::black : Qt::white));
-        QApplication::setFont(QFont(QStringLiteral("Arial"), isDark ? 18 : 8));
+        QApplication::setFont(QFont(QStringLiteral("Arial"), isLarge ? 18 : 8));
         Theme::Apply(*qApp);
         QCOMPARE(Theme::IsDark(), isDark);
-        QCOMPARE(QApplication::font().pointSize(), isDark ? 18 : 11);
+        QCOMPARE(QApplication::font().pointSize(), isLarge ? 18 : 11);
     }
 
     static void check(const QWidget& screen, QWidget& control, const QStringList& visited,
