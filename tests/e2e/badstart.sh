@@ -25,10 +25,12 @@ Rankelo.MDB not.a.quiz.database echo "Dear quiz master, these are the teams: ...
 Rankelo.INI CellPadX printf '[Application]\nFontSize=32\nCellPadX=wide\n' >Rankelo.INI
 END
 
-# By its icon, where nobody reads the line: one box says it, with debug messages too.
-ln -sf /dev/null "$place/stderr"
-for debug in 0 1; do
-    new_folder "by_icon_$debug"
+# By its icon, where nobody reads the line: one box says it, with debug messages too, and where the
+# desktop's session keeps what its programs say.
+for start in "0 /dev/null" "1 /dev/null" "0 $place/home/.xsession-errors"; do
+    read -r debug log <<<"$start"
+    ln -sf "$log" "$place/stderr"
+    new_folder "by_icon_${start//\//}"
     rm "$folder/Rankelo.MDB"
     printf '[Application]\nDebugMode=%s\n' "$debug" >"$folder/Rankelo.INI"
     start_program
