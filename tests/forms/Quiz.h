@@ -80,13 +80,12 @@ struct Opened : Quiz {
     }
 
     /// Takes steps parted by blanks, also in the dialogs that they open; "_" in them is a blank.
-    /// "@2" clicks on row 2, "@@2" twice, "@>2" twice with the right button, and "@^2" as the
-    /// second half of a double click begun elsewhere; "!Return" presses the key, "~Return" holds
-    /// it,
-    /// "=text" types, "+text" pastes, with "/" for each line end, "?text" waits for the window or
-    /// message with that title or text, "#2" runs a command of the console, "&name" clicks twice on
-    /// a control, "%name" turns the wheel over it, and a name alone clicks on it. Between "(" and
-    /// ")" another program holds the file, and "$" kills the process. No dialog stays open.
+    /// "@2" clicks on row 2, "@@2" twice, "@>2" twice with the right button; "!Return" presses the
+    /// key, "~Return" holds it, "=text" types, "+text" pastes, with "/" for each line end, "?text"
+    /// waits for the window or message with that title or text, "#2" runs a command of the console,
+    /// "&name" clicks twice on a control, "%name" turns the wheel over it, and a name alone clicks
+    /// on it. Between "(" and ")" another program holds the file, and "$" kills the process. No
+    /// dialog stays open.
     void Play(const QString& steps) {
         QStringList left = steps.split(u' ', Qt::SkipEmptyParts);
         QList<QPointer<QWidget>> known{nullptr};
@@ -140,7 +139,6 @@ private:
             ClickRow(*window.findChild<QTreeWidget*>(), rest.last(1).toInt(),
                      rest[0] == u'@'   ? Clicks::Two
                      : rest[0] == u'>' ? Clicks::TwoRight
-                     : rest[0] == u'^' ? Clicks::Second
                                        : Clicks::One);
         else if (step[0] == u'$')
             kill();

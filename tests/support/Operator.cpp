@@ -27,8 +27,7 @@ QWindow& keyboardWindow() {
 
 // As from the mouse: the window passes it on to the control.
 void click(QWidget& control, const QPoint& place, Clicks clicks) {
-    if (clicks != Clicks::Second)
-        QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval;
+    QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval;
     const bool isTwice = clicks == Clicks::Two || clicks == Clicks::TwoRight;
     QWidget* window = control.window();
     QTest::mouseEvent(isTwice ? QTest::MouseDClick : QTest::MouseClick, window->windowHandle(),
@@ -61,17 +60,6 @@ void Press(int key, Qt::KeyboardModifiers modifiers) {
 void Hold(int key) {
     QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
     QApplication::sendEvent(&keyboardWindow(), &repeated);
-}
-
-bool ReleaseArrives() {
-    struct : QObject {
-        bool eventFilter(QObject*, QEvent*) override { return isSeen = true; }
-        bool isSeen = false;
-    } spy;
-    QApplication::focusWidget()->installEventFilter(&spy);
-    QKeyEvent release(QEvent::KeyRelease, Qt::Key_F12, Qt::NoModifier);
-    QApplication::sendEvent(QApplication::focusWidget(), &release);
-    return spy.isSeen;
 }
 
 void Type(const QString& text) {

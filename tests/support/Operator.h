@@ -28,19 +28,12 @@ T& Control(const QWidget& screen, const QString& name) {
 void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// What a key that is held down sends again and again.
 void Hold(int key);
-/// True when the release of a key that nobody wants gets as far as the control in use.
-bool ReleaseArrives();
 void Type(const QString& text);
 void Paste(const QString& text);
 void Click(QWidget& control, bool twice = false);
 void Wheel(QWidget& control);
 
-enum class Clicks {
-    One,
-    Two,
-    TwoRight, ///< with the right button
-    Second,   ///< the second half of a double click begun elsewhere
-};
+enum class Clicks { One, Two, TwoRight /**< with the right button */ };
 /// Clicks into the middle of a list's row; below the rows when it has no such row.
 void ClickRow(QTreeWidget& list, int row, Clicks clicks = Clicks::One);
 
