@@ -177,9 +177,9 @@ private:
             player.Step();
         Opened console(Make<frmMain>, qEnvironmentVariable("RANKELO_FOLDER"));
         QString steps;
-        for (int i = range[0].toInt(); i < range[1].toInt(); ++i) {
+        for (int i = range[0].toInt(); i < range[1].toInt() && !QTest::currentTestFailed(); ++i) {
             QStringList stored = console.Stored(Everything).split(u'|', Qt::SkipEmptyParts);
-            stored = stored + console.TakeReports();
+            stored += console.TakeReports();
             stored.sort();
             QVERIFY2(stored == player.Stored(),
                      qPrintable(QString("before step %1, after \"%2\": %3 instead of %4")
