@@ -7,15 +7,15 @@ export LC_ALL=C.UTF-8
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 app_folder=${RANKELO_APP_DIR:-$project/build/Rankelo}
 probe=${RANKELO_FOCUS_PROBE:-$project/build/tests/driver} # the folder of FocusProbe's plugin
-patience=6  # seconds
+patience=60  # seconds
 folder=      # the application folder that the program runs from
 program=     # its process
 keystroke=20 # milliseconds; half of them the key is down
 as_user=()   # a command that runs it as another user
 console='Rankelo - \[*.*.*\]' # its title names the version
-# The board's colours: behind it, on the podium, of every other line below it, of its letters; and that
-# of every screen's icons.
-black='#000000' first='#00FF00' second='#008000' third='#004000' letters='#FFFF80'
+# The board's colours: behind it, on the podium, of every other line below it; and that of every
+# screen's icons.
+black='#000000' first='#00FF00' second='#008000' third='#004000'
 pair_a='#C04000' pair_b='#804000' ink='#1F2A33'
 
 # begin NAME [PICTURES]: makes a place for everything that the run leaves behind, except the
@@ -69,19 +69,29 @@ within_patience() {
 comes_to() { within_patience "$1 from ${*:2}" says "$@"; }
 says() { answer=$("${@:2}" 2>&1) && [[ $answer == "$1" ]]; }
 
-# open_display SIZE: a screen of 96 dots an inch, such as 1280x720, with a window manager.
+# open_display SIZE: a screen such as 1280x720, with a window manager.
 open_display() {
     close_display
-    Xvfb -displayfd 3 -screen 0 "$1x24" -dpi 96 -noreset -ac \
-        3>"$place/display" 2>"$place/display.log" &
+    run_display Xvfb -screen 0 "$1x24"
+    run_window_manager openbox --sm-disable
+}
+
+# run_display SERVER...: an X server, of 96 dots an inch.
+run_display() {
+    "$@" -displayfd 3 -dpi 96 -noreset -ac 3>"$place/display" 2>"$place/display.log" &
     display_processes=($!)
     within_patience "a display" test -s "$place/display"
     DISPLAY=:$(<"$place/display")
     export DISPLAY
-    env "${quiet_place[@]}" openbox --sm-disable >>"$place/display.log" 2>&1 &
+}
+
+# run_window_manager [NAME=VALUE...] COMMAND...
+run_window_manager() {
+    env "${quiet_place[@]}" "$@" >>"$place/display.log" 2>&1 &
     display_processes+=($!)
     within_patience "the window manager" window_manager_is_there
 }
+window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 # open_session_bus: after a display has been opened; `bus` then tells programs where it is.
 open_session_bus() {
@@ -92,7 +102,6 @@ open_session_bus() {
     bus=(DBUS_SESSION_BUS_ADDRESS="$(<"$place/bus")")
 }
 
-window_manager_is_there() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 close_display() {
     { kill "${display_processes[@]}"; wait "${display_processes[@]}"; } 2>/dev/null || true
@@ -187,11 +196,10 @@ go_to() {
 # stored QUERY ANSWER: waits until the database gives the answer, one line a row.
 stored() { comes_to "$2" sqlite3 -readonly -cmd '.timeout 5000' "$folder/Rankelo.MDB" "$1"; }
 
-# shows X COLOURS: waits until the eye meets these colours, going down X pixels from the left.
-shows() { comes_to "$2" colours_down "$1"; }
-
+# colours_down EDGE X [PICTURE]: what the eye meets going down a picture, or the screen, X pixels from
+# its West or East edge.
 colours_down() {
-    import -silent -window root -depth 8 -crop "1x0+$1+0" +repage txt:- |
+    convert "${3:-x:root}" -gravity "$1" -crop "1x0+$2+0" +repage -depth 8 txt:- |
         grep -o '#[0-9A-F]\{6\}' | uniq | paste -sd ' '
 }
 

@@ -21,17 +21,10 @@ Section "Screen" Identifier "desk" Device "card" Monitor "DUMMY0"
     SubSection "Display" Virtual 3200 1080 EndSubSection
 EndSection
 END
-    Xorg -displayfd 3 -config "$place/xorg.conf" -configdir "$place" -logfile "$place/xorg.log" \
-        -noreset -ac -novtswitch -sharevts -dpi 96 3>"$place/display" 2>"$place/display.log" &
-    display_processes=($!)
-    within_patience "a display" test -s "$place/display"
-    DISPLAY=:$(<"$place/display")
-    export DISPLAY
+    run_display Xorg -config "$place/xorg.conf" -configdir "$place" -logfile "$place/xorg.log" \
+        -novtswitch -sharevts
     open_session_bus
-    env "${quiet_place[@]}" "${bus[@]}" NO_AT_BRIDGE=1 "$@" \
-        >>"$place/display.log" 2>&1 &
-    display_processes+=($!)
-    within_patience "the window manager" window_manager_is_there
+    run_window_manager "${bus[@]}" NO_AT_BRIDGE=1 "$@"
     xdotool mousemove 200 200 # some open a window where the pointer is
     areas=([1]=1280x720+0+0 [2]=1920x1080+1280+0)
     photograph_screen() { import -silent -window root -crop "${areas[$1]}" +repage "$2"; }
@@ -63,19 +56,6 @@ END
     strike() { wtype -k "$1"; }
 }
 
-# down EDGE X: the colours that the eye meets going down the hall's picture, X pixels from its West
-# or East edge.
-down() {
-    convert "$hall" -gravity "$1" -crop "1x0+$2+0" +repage -depth 8 txt:- |
-        grep -o '#[0-9A-F]\{6\}' | uniq | paste -sd ' '
-}
-
-# Twice the distance, in pixels, of the heading's middle from the screen's.
-heading_off() {
-    convert "$hall" -crop x60+0+0 +repage -fill black +opaque "$letters" -trim \
-        -format '%[fx:abs(2*page.x+w-page.width)]' info:
-}
-
 look() {
     photograph_screen 1 "$view-screen-1.png"
     photograph_screen 2 "$view-screen-2.png"
@@ -87,13 +67,14 @@ is_console() { [[ $(convert "$1" -fill black +opaque "$ink" -format '%[fx:mean>0
 board_is_on() {
     local hall=$view-screen-$1.png
     look
-    [[ $(down West 20) == "$2" && $(down East 10) == "$2" && $(down East 4) == "$behind" ]] &&
-        (($(heading_off) < 8)) && { (($1 == 1)) || is_console "$view-screen-1.png"; }
+    [[ $(colours_down West 20 "$hall") == "$2" && $(colours_down East 10 "$hall") == "$2" &&
+        $(colours_down East 4 "$hall") == "$behind" ]] &&
+        { (($1 == 1)) || is_console "$view-screen-1.png"; }
 }
 board_is_gone() {
-    local hall=$view-screen-2.png
     look
-    [[ $(down West 20) != *$pair_a* ]] && is_console "$view-screen-1.png"
+    [[ $(colours_down West 20 "$view-screen-2.png") != *$pair_a* ]] &&
+        is_console "$view-screen-1.png"
 }
 
 # sees NAME COMMAND...: waits until the screens show it.

@@ -68,23 +68,23 @@ The Bees Knees|6j 5 1"
 
 edge=20 # one pixel beside the left margin runs through the boxes that hold the positions
 go_to "Food & Drink Results" F7 # the third round alone: 18, 7, 6, 4 and twice 1
-shows $edge "$black $pair_b $black $pair_a $black $pair_a $black"
+comes_to "$black $pair_b $black $pair_a $black $pair_a $black" colours_down West $edge
 go_to "$console" Escape
 
 # 34 O'Brien, 32 Quizzy Rascals, 18 Beer Necessities and The Bees Knees, 10, 7
 go_to "Rankelo Results" F8
 below="$black $pair_b $black $pair_a $black"
-shows $edge "$below"
+comes_to "$below" colours_down West $edge
 press 4 # means nothing
 for revealed in "3 $black $third $black $third" "2 $black $second" "1 $black $first"; do
     press "${revealed%% *}"
     below="${revealed#* } $below"
-    shows $edge "$below"
+    comes_to "$below" colours_down West $edge
 done
 picture board
 # The jokers' cards have a white frame. Three stand on the podium; the one of Last Orders does not
 # show, for a joker comes with the reveal of its line.
-(($(colours_down 1147 | grep -o '#FFFFFF' | wc -l) == 3)) || fail "not three jokers on the podium"
+(($(colours_down West 1147 | grep -o '#FFFFFF' | wc -l) == 3)) || fail "not three jokers on the podium"
 go_to "$console" Escape
 go_to "Exit Application" Escape
 press alt+y

@@ -10,12 +10,13 @@
 #include "support/Operator.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 
@@ -82,7 +83,8 @@ struct Opened : Quiz {
     /// Takes steps parted by blanks, also in the dialogs that they open; "_" in them is a blank.
     /// "@2" clicks on row 2, "@@2" twice, "@>2" twice with the right button; "!Return" presses the
     /// key, "~Return" holds it, "=text" types, "+text" pastes, with "/" for each line end, "?text"
-    /// waits for the window or message with that title or text, "#2" runs a command of the console,
+    /// waits for a window with that title, message or other text (or an empty one), "#2" runs a
+    /// command of the console,
     /// "&name" clicks twice on a control, "%name" turns the wheel over it, and a name alone clicks
     /// on it. Between "(" and ")" another program holds the file, and "$" kills the process. No
     /// dialog stays open.
@@ -115,9 +117,11 @@ struct Opened : Quiz {
 
 private:
     static bool isThere(const QString& text) {
-        QWidget* window = QApplication::activeWindow();
-        const auto* box = qobject_cast<QMessageBox*>(window);
-        return window && (window->windowTitle() == text || (box && box->text() == text));
+        const QWidget* window = QApplication::activeWindow();
+        if (!window || window->windowTitle() == text)
+            return window;
+        const auto labels = window->findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](auto* label) { return label->text() == text; });
     }
     static void kill() {
         if (QTest::currentTestFailed())
@@ -138,10 +142,8 @@ private:
         const QString text = QString(rest).replace(u'_', u' ');
         const QKeyCombination key = QKeySequence(rest)[0];
         if (step[0] == u'@')
-            ClickRow(*window.findChild<QTreeWidget*>(), rest.last(1).toInt(),
-                     rest[0] == u'@'   ? Clicks::Two
-                     : rest[0] == u'>' ? Clicks::TwoRight
-                                       : Clicks::One);
+            ClickRow(*window.findChild<QTreeWidget*>(), rest.last(1).toInt(), rest.size() > 1,
+                     rest[0] == u'>' ? Qt::RightButton : Qt::LeftButton);
         else if (step[0] == u'$')
             kill();
         else if (step[0] == u'(')

@@ -118,9 +118,8 @@ private slots:
         } cases[] = {
             {"", "", round.arg(0)},
             {"", "!F4", "Round 1 of 3: 2 of 3 results entered"},
-            {"INSERT INTO Results VALUES ('X3','R2','T1',NULL,0)", "!F3 !Escape", round.arg(1)},
-            {"INSERT INTO Results VALUES ('X3','R2','T1',1,0),('X4','R2','T1',1,0)", "!F3 !Escape",
-             round.arg(1)},
+            {"INSERT INTO Results VALUES ('X3','R2','T1',NULL,0),('X4','R2','T1',NULL,0)",
+             "!F3 !Escape", round.arg(1)},
             {"", "!F6 !Return =7 !Return !Escape", round.arg(1)},
             {"DELETE FROM Teams", "!F3 !Escape", "No teams yet: press F3"},
             {"DELETE FROM Rounds", "!F2 !Escape", "No rounds yet: press F2"},

@@ -26,13 +26,11 @@ QWindow& keyboardWindow() {
 }
 
 // As from the mouse: the window passes it on to the control.
-void click(QWidget& control, const QPoint& place, Clicks clicks) {
+void click(QWidget& control, const QPoint& place, bool twice, Qt::MouseButton button) {
     QTest::lastMouseTimestamp += QTest::mouseDoubleClickInterval;
-    const bool isTwice = clicks == Clicks::Two || clicks == Clicks::TwoRight;
     QWidget* window = control.window();
-    QTest::mouseEvent(isTwice ? QTest::MouseDClick : QTest::MouseClick, window->windowHandle(),
-                      clicks == Clicks::TwoRight ? Qt::RightButton : Qt::LeftButton, Qt::NoModifier,
-                      control.mapTo(window, place));
+    QTest::mouseEvent(twice ? QTest::MouseDClick : QTest::MouseClick, window->windowHandle(),
+                      button, Qt::NoModifier, control.mapTo(window, place));
 }
 
 } // namespace
@@ -74,7 +72,7 @@ void Paste(const QString& text) {
 }
 
 void Click(QWidget& control, bool twice) {
-    click(control, control.rect().center(), twice ? Clicks::Two : Clicks::One);
+    click(control, control.rect().center(), twice, Qt::LeftButton);
     // A box selects its text once the click is over.
     QCoreApplication::processEvents();
 }
@@ -86,10 +84,10 @@ void Wheel(QWidget& control) {
     QApplication::sendEvent(&control, &turn);
 }
 
-void ClickRow(QTreeWidget& list, int row, Clicks clicks) {
+void ClickRow(QTreeWidget& list, int row, bool twice, Qt::MouseButton button) {
     const QTreeWidgetItem* item = list.topLevelItem(row);
     const QPoint below = list.viewport()->rect().bottomLeft() + QPoint(9, -9);
-    click(*list.viewport(), item ? list.visualItemRect(item).center() : below, clicks);
+    click(*list.viewport(), item ? list.visualItemRect(item).center() : below, twice, button);
 }
 
 QString Rows(const QTreeWidget& list) {

@@ -33,9 +33,9 @@ void Paste(const QString& text);
 void Click(QWidget& control, bool twice = false);
 void Wheel(QWidget& control);
 
-enum class Clicks { One, Two, TwoRight /**< with the right button */ };
 /// Clicks into the middle of a list's row; below the rows when it has no such row.
-void ClickRow(QTreeWidget& list, int row, Clicks clicks = Clicks::One);
+void ClickRow(QTreeWidget& list, int row, bool twice = false,
+              Qt::MouseButton button = Qt::LeftButton);
 
 /// What a list shows: the texts of a row are joined by blanks, the rows by "|".
 QString Rows(const QTreeWidget& list);
