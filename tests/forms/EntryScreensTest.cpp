@@ -59,6 +59,7 @@ private slots:
         const QString deletion = " cmdDelete ?Are_you_sure_you_wish_to_remove_this_round? ";
         const QString teamDeletion = QString(deletion).replace("round", "team") + "!Return ";
         const QString notNumeric = " ?Score_must_be_a_numeric_value !Return ";
+        const QString same, none;
         const auto refuse = [](const char* statement) {
             return QString("CREATE TRIGGER t BEFORE %1 BEGIN SELECT raise(ABORT, 'no'); END")
                 .arg(statement);
@@ -76,10 +77,7 @@ private slots:
             {Round, "=O'x !Return cmdAdd =y cmdAdd", "1 Music|2 Films|3 Sport|4 Ox|5 y"},
             // A column that is pasted becomes a record a line, up to the first that fails.
             {Round, "=O +x//y/ =z cmdAdd", "1 Music|2 Films|3 Sport|4 Ox|5 y|6 z"},
-            {Team,
-             "+Dogs/x/Eels" + failed + "!Return" + failed,
-             "Ants|Bees|Cats|Dogs",
-             {},
+            {Team, "+Dogs/x/Eels" + failed + "!Return" + failed, "Ants|Bees|Cats|Dogs", same,
              refuse("INSERT ON Teams WHEN NEW.TeamName = 'x'")},
             // A double click on the plus adds once, on an arrow it moves twice.
             {Team, "=Dogs &cmdAdd =Eels !Return", "Ants|Bees|Cats|Dogs|Eels"},
@@ -100,17 +98,14 @@ private slots:
              "1 Music"},
             {Round, ("@0" + deletion + "!Escape ").repeated(3) + "cmdDelete", rounds, ""},
             {Team, "cmdEdit" + failed, teams},
-            {Team, "@1 =x cmdEdit" + failed, teams, {}, refuse("UPDATE ON Teams")},
-            {Round, "@1" + deletion + "!Return" + failed, rounds, {}, refuse("DELETE ON Rounds")},
+            {Team, "@1 =x cmdEdit" + failed, teams, same, refuse("UPDATE ON Teams")},
+            {Round, "@1" + deletion + "!Return" + failed, rounds, same, refuse("DELETE ON Rounds")},
             // The moved round stays selected, and nothing is said when it cannot move.
             {Round, "@0 txtRoundName =x cmdMove_1 cmdEdit", "1 Films|2 Music|3 Sport"},
             {Round, "@1 cmdMove_0 cmdMove_1 cmdMove_1 cmdEdit", "1 Music|2 Sport|3 Films"},
             {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1" + deletion + "!Return", "2 Music|3 Sport"},
             {Round, "cmdMove_0", rounds},
-            {Round,
-             "@0 txtRoundName =x cmdMove_1 cmdAdd",
-             rounds + "|4 x",
-             {},
+            {Round, "@0 txtRoundName =x cmdMove_1 cmdAdd", rounds + "|4 x", same,
              refuse("UPDATE ON Rounds")},
             // A score is rounded, a new one makes a result, another one changes it. What is no
             // number is told, and the dialog stays. Every way out of it keeps its word.
@@ -127,21 +122,17 @@ private slots:
             // A held key goes one team on, and a failed save none.
             {Scores, "@0 !Return =1 !Down ~Down ~Down ?Bees !Escape !Return ?Bees =2 !Return",
              "Ants 1 N X1|Bees 2 Y X2|Cats 0 N "},
-            {Scores, "@0 !Return =9 !Down", scores, {}, refuse("UPDATE ON Results")},
-            {Scores, "@@1 =99999999999 !Return", scores, {}, {}, "[GetEntry/modForms]"},
+            {Scores, "@0 !Return =9 !Down", scores, same, refuse("UPDATE ON Results")},
+            {Scores, "@@1 =99999999999 !Return", scores, same, none, "[GetEntry/modForms]"},
             // Without knowing what is stored, nothing is stored over the round shown before.
-            {Scores,
-             "( !Tab !Down" + failed + ") @1 !Return ?Bees =9 !Return",
-             "Ants 8 N X1|Bees 9 Y X2|Cats 0 N ",
-             {},
-             {},
+            {Scores, "( !Tab !Down" + failed + ") @1 !Return ?Bees =9 !Return",
+             "Ants 8 N X1|Bees 9 Y X2|Cats 0 N ", same, none,
              "[GetResultsForRound/frmResultEntry]"},
             // The jokers of the other rounds, also beside a row without a score.
             {Scores, "@@1 ?Bees ?Music ?Joker_played_in:_Films,_Sport !Escape @@0 ? !Escape",
              "Ants 8 N X1|Ants 5 N X5|Bees 7 Y X2|Bees 0 Y X3|Bees 5 Y X4|Cats 0 N ", scores,
              "INSERT INTO Results VALUES "
              "('X3','R2','T2',NULL,1),('X4','R3','T2',5,1),('X5','R3','T1',5,0)"},
-            {Scores, "@@1 =9 !Return", scores, {}, refuse("UPDATE ON Results")},
             // In another round the first result of a team counts; a team without one keeps the
             // other round's, which a score entered now moves here.
             {Scores, "!Tab !Down @@1 =6 !Return",
