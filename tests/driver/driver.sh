@@ -210,11 +210,11 @@ picture() {
 }
 
 at_rest() {
-    local before='' now i
+    local before now= i
     for ((i = 0; i < 20; ++i)); do
-        now=$(import -silent -window root rgb:- | cksum)
-        [[ $now != "$before" ]] || break
         before=$now
+        now=$(import -silent -window root rgb:- | cksum)
+        [[ $now != "$before" ]] || return 0
         sleep 0.1
     done
 }

@@ -80,10 +80,6 @@ $(for i in {3..120}; do printf '%-10sTeam %03d%52s-%d\n' "$i" "$i" "" $((i + 1))
 END
 [[ $(pdfinfo "$place/sheets.pdf") =~ Pages:\ +3.*Page\ size:[^$'\n']*letter ]] ||
     fail "not 3 sheets of Letter: $(pdfinfo "$place/sheets.pdf")"
-fonts=$(pdffonts "$place/sheets.pdf" | tail -n +3)
-[[ $(grep -cE 'Mono|Courier' <<<"$fonts") == 1 && $(wc -l <<<"$fonts") == 2 ]] ||
-    fail "not one fixed pitch font and the title's: $fonts"
-
 # A printer that takes nothing, a service that has gone deaf, and one that is gone.
 print_in_vain Up cupsreject Ink
 laser_waits

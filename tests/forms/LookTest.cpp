@@ -23,7 +23,6 @@ Screen resultsWindow() {
     auto screen = std::make_unique<frmViewResults>();
     screen->AddRow("1", "Ants", "14", "Played");
     Control<QComboBox>(*screen, "cboPrinter").addItem("Hall");
-    Control<QComboBox>(*screen, "cboPrinter").setCurrentIndex(0);
     return screen;
 }
 

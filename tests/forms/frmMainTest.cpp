@@ -25,10 +25,6 @@ struct Console : Opened {
     QComboBox& rounds = Get<QComboBox>("cboRounds");
 };
 
-Screen scoreDialog() {
-    return std::make_unique<frmEntry>(nullptr, ScoreEntry{.Team = "Ants"});
-}
-
 } // namespace
 
 class frmMainTest : public QObject {
@@ -96,7 +92,7 @@ private slots:
             const char* name;
             bool arrives;
         } buttons[] = {{Make<frmMain>, "chkShowAllRound", false},
-                       {scoreDialog, "chkJoker", false},
+                       {[] { return Screen(new frmEntry(nullptr, {})); }, "chkJoker", false},
                        {Make<frmTeamEntry>, "cmdAdd", true}};
         for (const auto& [make, name, arrives] : buttons) {
             const Opened screen(make);
