@@ -102,7 +102,6 @@ open_session_bus() {
     bus=(DBUS_SESSION_BUS_ADDRESS="$(<"$place/bus")")
 }
 
-
 close_display() {
     { kill "${display_processes[@]}"; wait "${display_processes[@]}"; } 2>/dev/null || true
     display_processes=()

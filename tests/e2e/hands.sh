@@ -65,8 +65,4 @@ for joker in 7j 7 7j; do
     stored "$scores" "$joker 7 7j 7 7 7 7 7 7 7 7 7"
     go_to "${teams[0]}" Return
 done
-for team in "${teams[@]:1:3}"; do
-    hold Down
-    window "$team"
-done
 said_nothing

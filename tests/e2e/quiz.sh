@@ -30,8 +30,7 @@ window "$console"
 
 go_to "Round Entry" F2
 for round in "Around the World" "Name That Tune" "Food & Drink"; do
-    focus txtRoundName
-    enter_text "$round"
+    enter_text "$round" # the keyboard is in the box again
     focus cmdAdd
     press space
 done
@@ -42,7 +41,7 @@ enter_text "The Bees' Knees" # leaving the box takes the apostrophe away
 focus cmdAdd
 press space
 for team in "Quizzy Rascals" "O'Brien" "Last Orders" "Beer Necessities" "tequila & lime"; do
-    enter_text "$team" # the focus is in the box again
+    enter_text "$team"
     press Return       # takes the name as it stands
 done
 teams=("Beer Necessities" "Last Orders" "O'Brien" "Quizzy Rascals" "tequila & lime"
@@ -67,10 +66,6 @@ tequila & lime|4 2 1
 The Bees Knees|6j 5 1"
 
 edge=20 # one pixel beside the left margin runs through the boxes that hold the positions
-go_to "Food & Drink Results" F7 # the third round alone: 18, 7, 6, 4 and twice 1
-comes_to "$black $pair_b $black $pair_a $black $pair_a $black" colours_down West $edge
-go_to "$console" Escape
-
 # 34 O'Brien, 32 Quizzy Rascals, 18 Beer Necessities and The Bees Knees, 10, 7
 go_to "Rankelo Results" F8
 below="$black $pair_b $black $pair_a $black"
@@ -82,9 +77,6 @@ for revealed in "3 $black $third $black $third" "2 $black $second" "1 $black $fi
     comes_to "$below" colours_down West $edge
 done
 picture board
-# The jokers' cards have a white frame. Three stand on the podium; the one of Last Orders does not
-# show, for a joker comes with the reveal of its line.
-(($(colours_down West 1147 | grep -o '#FFFFFF' | wc -l) == 3)) || fail "not three jokers on the podium"
 go_to "$console" Escape
 go_to "Exit Application" Escape
 press alt+y

@@ -183,14 +183,14 @@ private slots:
     }
 
     void emptyListsSayWhatToDo() {
-        for (const auto& [make, said] :
-             {std::pair{Team.make, "Type a name and press Enter"},
-              {Round.make, "Type a name and press the plus"},
-              {Scores.make, "No teams yet: add them in Team Entry (F3)"}})
-            for (const bool isEmpty : {false, true}) {
-                const Quiz quiz;
-                if (isEmpty)
-                    RunForeign(quiz.DatabasePath(), {"DELETE FROM Teams", "DELETE FROM Rounds"});
+        const Quiz quiz;
+        for (const bool isEmpty : {false, true}) {
+            if (isEmpty)
+                RunForeign(quiz.DatabasePath(), {"DELETE FROM Teams", "DELETE FROM Rounds"});
+            for (const auto& [make, said] :
+                 {std::pair{Team.make, "Type a name and press Enter"},
+                  {Round.make, "Type a name and press the plus"},
+                  {Scores.make, "No teams yet: add them in Team Entry (F3)"}}) {
                 const Screen screen = make();
                 ShowScreen(*screen);
                 QString painted;
@@ -199,6 +199,7 @@ private slots:
                     painted += text.Content + u' ';
                 QCOMPARE(painted.simplified().contains(said), isEmpty);
             }
+        }
     }
 
     // What is pasted is stored as it is, a record a line.

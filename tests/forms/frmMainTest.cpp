@@ -68,12 +68,10 @@ private slots:
             }
     }
 
-    // Letters reach the chooser, and at its ends it stays. With its list dropped down, Enter and
-    // Esc belong to the list; a function key closes it and does its work.
+    // Letters reach the chooser. With its list dropped down, Enter and Esc belong to the list; a
+    // function key closes it and does its work.
     void leavesKeysToTheChooser() {
         for (const auto& [steps, round] : {std::pair{"=[3", "[3] Sport"},
-                                           {"!F4 !F4", "[1] Music"},
-                                           {"!F5 !F5", "[3] Sport"},
                                            {"!Alt+Down !Down !Return", "[3] Sport"},
                                            {"!Alt+Down !Down !Escape", "[2] Films"},
                                            {"!Alt+Down !Down !F5", "[3] Sport"},
@@ -119,7 +117,6 @@ private slots:
             {"", "!F6 !Return =7 !Return !Escape", round.arg(1)},
             {"DELETE FROM Teams", "!F3 !Escape", "No teams yet: press F3"},
             {"DELETE FROM Rounds", "!F2 !Escape", "No rounds yet: press F2"},
-            {"", "!F3 =Dogs !Return !Escape", "Round 2 of 3: 0 of 4 results entered"},
             {"", "!F7", wall.arg("Films Results")},
             {"", "#5 #6", wall.arg("Rankelo Results")},
             {"", "!F7 ?Films_Results !Escape", round.arg(0)},
