@@ -17,10 +17,6 @@ open_print_service() {
     printf '%s\n' "ServerName 127.0.0.1:$port" "User quizmaster-$$" >"$root/conf/client.conf"
     # What each user chooses lies in the home folder, root's in the configuration's on some systems.
     export CUPS_SERVERROOT=$root/conf HOME=$place/home
-    run_print_service
-}
-
-run_print_service() {
     cupsd -f -c "$CUPS_SERVERROOT/cupsd.conf" -s "$CUPS_SERVERROOT/cups-files.conf" &
     service=$!
     display_processes+=("$service")

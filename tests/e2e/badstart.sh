@@ -21,7 +21,6 @@ while read -r file reason breakage; do
         fail "$breakage: \"$(<"$place/stderr")\" instead of one line about $file: $reason"
 done <<'END'
 Rankelo.MDB not.found|folder rm Rankelo.MDB && mkdir Rankelo.MDB
-Rankelo.MDB not.a.quiz.database echo "Dear quiz master, these are the teams: ..." >Rankelo.MDB
 Rankelo.INI CellPadX printf '[Application]\nFontSize=32\nCellPadX=wide\n' >Rankelo.INI
 END
 
