@@ -89,17 +89,12 @@ behind='#000040' # no desktop's own colour, so that the board's edges are seen
 printf '[Application]\nBackGround=%d\n' 0x400000 >"$folder/Rankelo.INI"
 session=() platform=xcb
 case $1 in
-openbox) open_x11 openbox --sm-disable ;;
-xfwm4) open_x11 xfwm4 ;;
 mutter) open_x11 mutter --x11 --sm-disable ;;
 kwin) open_x11 kwin_x11 ;;
-sway-xwayland) open_sway ;;
-sway-wayland)
-    open_sway
-    platform=wayland
-    ;;
-*) fail "no such desktop" ;;
+sway-*) open_sway ;;
+*) open_x11 "$1" ;;
 esac
+[[ $1 != sway-wayland ]] || platform=wayland
 start_program "${session[@]}" QT_QPA_PLATFORM=$platform
 within_patience "the console" turned_to "Rankelo - "
 
