@@ -126,20 +126,15 @@ bool showsItsTick(QCheckBox& box) {
 }
 
 bool tellsItsPurpose(QWidget& control) {
-    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&control);
-    if (!access || access->role() == QAccessible::NoRole)
-        return false;
     const auto* button = qobject_cast<const QAbstractButton*>(&control);
-    if (button && !qobject_cast<const QPushButton*>(button) &&
-        !qobject_cast<const QCheckBox*>(button)) {
-        const double ratio = control.devicePixelRatioF();
-        const QPixmap picture = button->icon().pixmap(button->iconSize(), ratio);
-        if (picture.size() != button->iconSize() * ratio || button->toolTip().isEmpty())
-            return false;
+    if (!button || qobject_cast<const QPushButton*>(button) ||
+        qobject_cast<const QCheckBox*>(button)) {
+        const auto* access = QAccessible::queryAccessibleInterface(&control);
+        return !qobject_cast<QLineEdit*>(&control) || !access->text(QAccessible::Name).isEmpty();
     }
-    const bool isOperated =
-        (control.focusPolicy() & Qt::TabFocus) || qobject_cast<QLineEdit*>(&control);
-    return !isOperated || !access->text(QAccessible::Name).isEmpty();
+    const double ratio = control.devicePixelRatioF();
+    const QPixmap picture = button->icon().pixmap(button->iconSize(), ratio);
+    return picture.size() == button->iconSize() * ratio && !button->toolTip().isEmpty();
 }
 
 // A picture from the one file that suits the screen: not enlarged, and no larger than need be.
