@@ -168,14 +168,13 @@ private slots:
 
     // Nothing is stored beside a row that cannot be read.
     void asksForNoScoreWithoutTheResults() {
-        const QString failed = " ?Operation_failed_to_complete !Return ";
         Opened scores([] {
             RunForeign(Paths().AppPath + "Rankelo.MDB", {"UPDATE Results SET Score=NULL"});
             const ModalAnswers answers(
                 {MessageBox("Rankelo Error", "Operation failed to complete", Qt::Key_Return)});
             return ResultScreen();
         });
-        scores.Play("!Return" + failed);
+        scores.Play("!Return ?Operation_failed_to_complete !Return");
         QCOMPARE(Rows(scores.Get<QTreeWidget>("lvTeams")), "Ants   |Bees   |Cats   ");
         RunForeign(scores.DatabasePath(), {"UPDATE Results SET Score=7"});
         scores.Play("!Return ?Ants =9 !Return");
