@@ -246,7 +246,6 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
     QLabel* label = makeLabel(number.label, number.caption);
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1StringView(number.box));
-    box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
     TextBoxFocus::Attach(box, TextBoxFocus::Colours::Palette);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00000")) +
                        2 * Theme::Unit);
