@@ -97,3 +97,14 @@ Segoe UI=Liberation Sans
 Tahoma=Liberation Sans
 FACES
 }
+
+# at_rest: waits until two looks at the display show the same, for two seconds at most.
+at_rest() {
+    local before now= i
+    for ((i = 0; i < 20; ++i)); do
+        before=$now
+        now=$(import -silent -window root rgb:- | cksum)
+        [[ $now != "$before" ]] || return 0
+        sleep 0.1
+    done
+}

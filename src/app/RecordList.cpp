@@ -34,6 +34,11 @@ RecordList::RecordList(const QString& name, const QStringList& columns, QWidget*
     connect(model(), &QAbstractItemModel::modelReset, this, &RecordList::describe);
 }
 
+// The toolkit takes the rows away when this is no list of records any more.
+RecordList::~RecordList() {
+    model()->disconnect(this);
+}
+
 int RecordList::rowHeight() const {
     return std::max(4 * Theme::Unit, fontMetrics().height() + Theme::Unit);
 }

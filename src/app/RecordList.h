@@ -9,6 +9,7 @@ class RecordList : public QTreeWidget {
 
 public:
     RecordList(const QString& name, const QStringList& columns, QWidget* parent = nullptr);
+    ~RecordList() override;
 
     /// Appends a row that stands for the record with the key.
     QTreeWidgetItem* AddRow(const QString& key, const QStringList& texts);

@@ -201,19 +201,3 @@ colours_down() {
     convert "${3:-x:root}" -gravity "$1" -crop "1x0+$2+0" +repage -depth 8 txt:- |
         grep -o '#[0-9A-F]\{6\}' | uniq | paste -sd ' '
 }
-
-# picture NAME: keeps the screen as a numbered picture once it has come to rest.
-picture() {
-    at_rest
-    import -silent -window root "$pictures/$((++pictures_taken))-$1.png"
-}
-
-at_rest() {
-    local before now= i
-    for ((i = 0; i < 20; ++i)); do
-        before=$now
-        now=$(import -silent -window root rgb:- | cksum)
-        [[ $now != "$before" ]] || return 0
-        sleep 0.1
-    done
-}

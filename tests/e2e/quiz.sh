@@ -76,7 +76,6 @@ for revealed in "3 $black $third $black $third" "2 $black $second" "1 $black $fi
     below="${revealed#* } $below"
     comes_to "$below" colours_down West $edge
 done
-picture board
 go_to "$console" Escape
 go_to "Exit Application" Escape
 press alt+y
