@@ -81,4 +81,18 @@ go_to "Exit Application" Escape
 press alt+y
 ended_with 0
 [[ $(ls -A "$folder") == "$before" ]] || fail "the folder holds more than before: $(ls -A "$folder")"
+# The next evening begins with an empty quiz, and this one is kept.
+start_program
+window "$console"
+focus cmdConfiguration
+go_to "Settings" space
+focus cmdReset
+go_to "Reset Database" space
+press alt+y
+window "Database reset"
+press Return
+ended_with 0
+everything="SELECT (SELECT count(*) FROM Rounds), (SELECT count(*) FROM Teams), count(*) FROM Results"
+stored "$everything" "0|0|0"
+[[ $(sqlite3 "$folder/Earlier quizzes/"*.MDB "$everything") == "3|6|18" ]] || fail "no copy is kept"
 said_nothing
