@@ -70,7 +70,7 @@ private slots:
     }
 
     // Letters reach the chooser. With its list dropped down, Enter and Esc belong to the list; a
-    // function key closes it and does its work.
+    // function key closes it and does its work. An open board hears its own keys there as well.
     void leavesKeysToTheChooser() {
         for (const auto& [steps, round] : {std::pair{"=[3", "[3] Sport"},
                                            {"!Alt+Down !Down !Return", "[3] Sport"},
@@ -78,21 +78,24 @@ private slots:
                                            {"!Alt+Down !Down !F5", "[3] Sport"},
                                            {"!Alt+Down !Down !F9 !Return", "[3] Sport"}}) {
             Console console;
+            console.Play("#6");
+            ShowScreen(*console.screen);
+            console.rounds.setFocus();
             console.Play(steps);
             QTRY_VERIFY(!QApplication::activePopupWidget());
             QCOMPARE(console.rounds.currentText(), round);
+            // The names on the third and on the second line.
+            QCOMPARE(Control<QLabel>(*Quiz::Board(), "lblLabel10").isVisible(), steps[0] == '=');
+            QVERIFY(!Control<QLabel>(*Quiz::Board(), "lblLabel6").isVisible());
         }
     }
 
     // A release would click the button that is down.
     void keepsReleasesFromItsControls() {
-        const struct {
-            Screen (*make)();
-            const char* name;
-            bool arrives;
-        } buttons[] = {{Make<frmMain>, "chkShowAllRound", false},
-                       {[] { return Screen(new frmEntry(nullptr, {})); }, "chkJoker", false},
-                       {Make<frmTeamEntry>, "cmdAdd", true}};
+        const std::tuple<Screen (*)(), const char*, bool> buttons[] = {
+            {Make<frmMain>, "chkShowAllRound", false},
+            {[] { return Screen(new frmEntry(nullptr, {})); }, "chkJoker", false},
+            {Make<frmTeamEntry>, "cmdAdd", true}};
         for (const auto& [make, name, arrives] : buttons) {
             const Opened screen(make);
             auto& button = screen.Get<QAbstractButton>(name);
@@ -108,9 +111,7 @@ private slots:
         const QString wall = "On the wall: %1 (3, 2, 1 reveal, Esc closes)";
         const QString manyTeams = "INSERT INTO Teams WITH RECURSIVE n(x) AS (VALUES (1) UNION "
                                   "SELECT x+1 FROM n WHERE x<197) SELECT 'M'||x, x FROM n";
-        const struct {
-            QString statement, steps, status;
-        } cases[] = {
+        const QString cases[][3] = {
             {"", "", round.arg(0)},
             {"", "!F4", "Round 1 of 3: 2 of 3 results entered"},
             {"INSERT INTO Results VALUES ('X3','R2','T1',NULL,0),('X4','R2','T1',NULL,0)",
@@ -140,22 +141,6 @@ private slots:
         QCOMPARE(console.Get<QLabel>("lblStatus").text(),
                  "Nothing here opens the user guide. It belongs in " + Paths().AppPath +
                      "Rankelo.PDF");
-    }
-
-    // Where the keyboard stays at the console, the board hears its keys there, and the chooser as
-    // well.
-    void revealsFromTheConsole() {
-        Console console;
-        console.Play("!F8");
-        // The name on the third line, and on the second.
-        const auto& third = Control<QLabel>(*Quiz::Board(), "lblLabel10");
-        const auto& second = Control<QLabel>(*Quiz::Board(), "lblLabel6");
-        QVERIFY(!third.isVisible());
-        ShowScreen(*console.screen);
-        console.rounds.setFocus();
-        Type("[3");
-        QVERIFY(third.isVisible() && !second.isVisible());
-        QCOMPARE(console.rounds.currentText(), "[3] Sport");
     }
 
     // A new board takes the place of one that is still open. Of equal scores in a round, the one
