@@ -37,7 +37,7 @@ QIcon enteredIcon() {
 // What was entered stands out: a score from the 0 of none, a played joker from the others.
 void show(QTreeWidgetItem& row, const QString& score, bool isEntered, bool jokerPlayed) {
     const QPalette palette = row.treeWidget()->palette();
-    const QBrush quiet = palette.brush(QPalette::PlaceholderText);
+    const QBrush& quiet = palette.brush(QPalette::PlaceholderText);
     row.setText(Score, score);
     row.setForeground(Score, isEntered ? palette.brush(QPalette::Text) : quiet);
     row.setText(Joker, jokerPlayed ? Played : NotPlayed);
