@@ -17,7 +17,8 @@ namespace {
 // toolkit often sees the release before the press has arrived. So each release waits for that long.
 constexpr int ReleaseMilliseconds = 5;
 
-bool isGuarded(int key, const QWindow& receiver) {
+bool isGuarded(const QKeyEvent& event, const QWindow& receiver) {
+    const int key = event.key();
     if (key == Qt::Key_Up || key == Qt::Key_Down) {
         // Not the active one: a window that has just opened may get the key before it is that.
         const QWidget* window = QWidget::find(receiver.winId());
@@ -25,7 +26,7 @@ bool isGuarded(int key, const QWindow& receiver) {
     }
     const bool isText = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape ||
-           (key == Qt::Key_Space && !isText);
+           (key == Qt::Key_Space && !isText) || (event.modifiers() & Qt::AltModifier);
 }
 
 class InputGuard : public QObject {
@@ -55,7 +56,7 @@ public:
 
 private:
     bool filterKey(QWindow& window, const QKeyEvent& event) {
-        if (m_release.isOnItsWay || !isGuarded(event.key(), window))
+        if (m_release.isOnItsWay || !isGuarded(event, window))
             return false;
         if (event.isAutoRepeat())
             return true;

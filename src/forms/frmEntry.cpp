@@ -11,6 +11,7 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -46,7 +47,7 @@ frmEntry::frmEntry(QWidget* parent, const ScoreEntry& entry)
     m_joker->setChecked(entry.Joker);
     build(entry);
     new KeyPreview(this, KeyPreview::Releases::Swallow,
-                   [this](int key, const QKeyEvent&) { return onKey(key); });
+                   [this](int key, const QKeyEvent& event) { return onKey(key, event); });
 }
 
 void frmEntry::build(const ScoreEntry& entry) {
@@ -66,6 +67,7 @@ void frmEntry::build(const ScoreEntry& entry) {
     m_score->setMinimumWidth(QFontMetrics(big).horizontalAdvance(u'8') * 6);
     TextBoxFocus::Attach(m_score);
     m_joker->setObjectName(QStringLiteral("chkJoker"));
+    m_joker->setToolTip(QStringLiteral("Alt+J"));
     QFont large = arial;
     large.setPointSizeF(1.8 * arial.pointSizeF());
     auto* team = line("lblTeam", entry.Team, large);
@@ -110,13 +112,15 @@ QString frmEntry::Answer() const {
     return result() == Accepted ? QStringLiteral("OK") : QStringLiteral("CANCEL");
 }
 
-bool frmEntry::onKey(int key) {
+bool frmEntry::onKey(int key, const QKeyEvent& event) {
     if (key == Qt::Key_Return)
         confirm(0);
     else if (key == Qt::Key_Down)
         confirm(1);
     else if (key == Qt::Key_Up)
         confirm(-1);
+    else if (key == Qt::Key_J && event.modifiers() == Qt::AltModifier)
+        m_joker->toggle();
     else
         return false;
     return true;

@@ -8,7 +8,8 @@ class QCheckBox;
 class QLineEdit;
 
 /// The score dialog: one team's score in a round and whether it played its joker. Enter confirms,
-/// Esc cancels; Down and Up confirm as well and ask for the team below or above.
+/// Esc cancels; Down and Up confirm as well and ask for the team below or above. Alt+J plays the
+/// joker, or takes it back.
 class frmEntry : public QDialog {
     Q_OBJECT
 
@@ -25,7 +26,7 @@ public:
 
 private:
     void build(const ScoreEntry& entry);
-    bool onKey(int key);
+    bool onKey(int key, const QKeyEvent& event);
     void confirm(int step);
 
     QLineEdit* m_score;

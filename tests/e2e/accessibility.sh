@@ -55,7 +55,7 @@ results Escape F6
 dialog Result Entry, combo box Round Name: Music, tree Team Name, Score, Joker,
 table cell Ants, table cell 7, table cell Y, table cell Bees (no result yet), table cell 0, table cell N %
 score Return
-dialog Ants, text Score: Score, check box Joker, push button OK, push button Cancel %
+dialog Ants, text Score: Score, check box Joker (Alt+J), push button OK, push button Cancel %
 board Escape Escape F8
 frame Rankelo Results %
 standings Escape cmdViewLeader

@@ -43,26 +43,26 @@ stored "SELECT COUNT(*) FROM Teams" 12
 go_to "$console" Escape
 
 # The first round is still the one in the chooser. Its sheet takes Enter, then Down behind each score,
-# and Tab and Space for a joker: at most 13 keys that command for 10 scores.
+# and one key for a joker: at most 13 keys that command for 10 scores.
 go_to "Result Entry" F6
 keys=Return
 for team in "${teams[@]}"; do
     go_to "$team" "${keys##* }"
     enter_text 7
-    [[ $team != Last* ]] || { press Tab space; keys+=" Tab space"; }
+    [[ $team != L* ]] || { press alt+j; keys+=" alt+j"; }
     keys+=" Down"
 done
 go_to "Result Entry" Down
-stored "$scores" "7 7 7j 7 7 7 7 7 7 7 7 7"
+stored "$scores" "7 7 7j 7j 7 7 7 7 7 7 7 7"
 (($(wc -w <<<"$keys") * 10 <= 13 * ${#teams[@]})) || fail "too many keys: $keys"
 
 press Home
 go_to "${teams[0]}" Return
-for joker in 7j 7 7j; do
+for way in "space 7j" "alt+j 7" "space 7j"; do
     focus chkJoker
-    hold space
+    hold "${way% *}"
     go_to "Result Entry" Return
-    stored "$scores" "$joker 7 7j 7 7 7 7 7 7 7 7 7"
+    stored "$scores" "${way#* } 7 7j 7j 7 7 7 7 7 7 7 7"
     go_to "${teams[0]}" Return
 done
 said_nothing
