@@ -3,10 +3,11 @@
 # turn of the wheel in passing; and a sheet of scores typed down the list.
 source "$(dirname "$0")/../driver/driver.sh"
 
-# hold KEY: long enough for the X server to repeat it many times; returns when all have arrived.
+# hold KEY: long enough for the X server to repeat it, sometimes an even number of times and sometimes
+# an odd one; returns when all have arrived.
 hold() {
     xdotool keydown "$1"
-    sleep 1.2
+    sleep "1.$((RANDOM % 100 + 100))"
     xdotool keyup "$1"
     ask_focus
 }
@@ -58,7 +59,7 @@ stored "$scores" "7 7 7j 7j 7 7 7 7 7 7 7 7"
 
 press Home
 go_to "${teams[0]}" Return
-for way in "space 7j" "alt+j 7" "space 7j"; do
+for way in "space 7j" "alt+j 7" "alt+j 7j" "space 7"; do
     focus chkJoker
     hold "${way% *}"
     go_to "Result Entry" Return
