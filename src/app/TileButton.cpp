@@ -27,8 +27,6 @@ TileButton::TileButton(const QString& name, const QString& icon, const QString& 
     setIconSize(QSize(Theme::TileIcon, Theme::TileIcon));
     setText(caption);
     setToolTip(toolTip);
-    setAccessibleName(caption);
-    setAccessibleDescription(toolTip);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

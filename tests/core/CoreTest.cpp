@@ -11,6 +11,7 @@
 
 #include <QLoggingCategory>
 #include <QRegularExpression>
+#include <QStringEncoder>
 #include <QTest>
 
 namespace {
@@ -184,6 +185,7 @@ private slots:
     void readsIniValues() {
         const AppFolder folder;
         const QByteArray head = "[Application]\nFontName=", wide = QByteArray(253, 'x');
+        const auto flag = QStringConverter::Flag::WriteBom;
         const std::pair<QByteArray, QString> cases[] = {
             {HandEdited, "Liberation Sans"},
             {"FontName=a\n[Other]\nFontName=b", "default"},
@@ -193,6 +195,7 @@ private slots:
             {head + "\"  a  \"", "  a  "},
             {head + "\"a'", "\"a'"},
             {"\xEF\xBB\xBF" + head + "\xC3\xA9 ; b=c", "\u00e9 ; b=c"},
+            {QStringEncoder(QStringConverter::Utf16, flag)(head + "a"), "a"}, // of some editors
             {head + QByteArray("a\0b", 3), "a"},
             {head + wide + "xy", wide + 'x'},
             {head + wide + "\xF0\x9F\x98\x80", wide},

@@ -177,8 +177,8 @@ private slots:
                               1600, 1680, 1707, 1920, 2560, 3840};
         const qint32 scores[] = {-9999, 9, 99999, 100, 12345678};
         SummaryList list;
-        for (qint32 position = 116; const qint32 score : scores)
-            list.Add(std::make_shared<Summary>(Summary{"Team", score, false, position++}));
+        for (qint32 position = 9; const qint32 score : scores)
+            list.Add(std::make_shared<Summary>(Summary{"Team", score, false, position += 37}));
         for (const char* typeface : {"Arial", "Courier New", "Times New Roman", "DejaVu Sans"})
             for (const int points : ListedSizes())
                 for (const int width : widths)

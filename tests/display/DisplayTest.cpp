@@ -195,6 +195,7 @@ private slots:
             printers.addItem("No Such Printer");
             QVERIFY(print.isEnabled() && !told.isVisible());
             print.click();
+            QCOMPARE(print.toolTip(), "Not printed");
             printers.setCurrentIndex(-1);
             printers.setCurrentIndex(0);
             QVERIFY(!print.isEnabled() && told.isVisible() && told.text() == "Not printed");

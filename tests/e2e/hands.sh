@@ -3,8 +3,8 @@
 # turn of the wheel in passing; and a sheet of scores typed down the list.
 source "$(dirname "$0")/../driver/driver.sh"
 
-# hold KEY: long enough for the X server to repeat it, sometimes an even number of times and sometimes
-# an odd one; returns when all have arrived.
+# hold KEY: so long that the X server repeats it, an even or an odd number of times; returns when all
+# have arrived.
 hold() {
     xdotool keydown "$1"
     sleep "1.$((RANDOM % 100 + 100))"

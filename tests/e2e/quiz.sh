@@ -11,10 +11,7 @@ enter_scores() {
     for score; do
         go_to "${teams[entered++]}" Return
         enter_text "${score%j}"
-        if [[ $score == *j ]]; then
-            focus chkJoker
-            press space
-        fi
+        [[ $score != *j ]] || press alt+j
         go_to "Result Entry" Return
         press Down
     done

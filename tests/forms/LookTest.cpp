@@ -190,6 +190,9 @@ private slots:
                 ShowScreen(*screen);
                 if (!screen->screen()->availableGeometry().contains(screen->frameGeometry()))
                     faults.append(screen->objectName() + " leaves the screen");
+                const QRect used = screen->childrenRect();
+                if (used.left() != screen->rect().right() - used.right())
+                    faults.append(screen->objectName() + " has uneven edges");
                 QCOMPARE(tabOrder(faults).join(u' '), order);
                 for (const bool isSmallest : {false, true}) {
                     if (isSmallest)

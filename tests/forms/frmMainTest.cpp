@@ -136,6 +136,7 @@ private slots:
                          qPrintable(said.text()));
         }
         Console console;
+        QVERIFY(console.Get<QLabel>("lblGuide").text().startsWith("F1"));
         AppUtilities().OpenDocument = [](const QString&) { return false; };
         console.Play("!F1");
         QCOMPARE(console.Get<QLabel>("lblStatus").text(),
