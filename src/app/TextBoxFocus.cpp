@@ -55,10 +55,14 @@ public:
         if (!enters && event->type() != QEvent::FocusOut)
             return false;
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason)
-            return false; // The entry goes on.
         // No more than that: a box loses the focus in its own end, too.
         auto* box = static_cast<QWidget*>(watched);
+        if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) {
+            // The entry goes on. One that has not begun must not end up beside what stands there.
+            if (enters && !static_cast<QLineEdit*>(watched)->isModified())
+                gained(box, m_colours);
+            return false;
+        }
         (enters ? gained : lost)(box, m_colours);
         // The click that brought the focus would drop the selection again.
         if (enters && reason == Qt::MouseFocusReason)

@@ -3,8 +3,7 @@
 # turn of the wheel in passing; and a sheet of scores typed down the list.
 source "$(dirname "$0")/../driver/driver.sh"
 
-# hold KEY: so long that the X server repeats it, an even or an odd number of times; returns when all
-# have arrived.
+# hold KEY: so long that the X server repeats it, an even or an odd number of times, which all arrive.
 hold() {
     xdotool keydown "$1"
     sleep "1.$((RANDOM % 100 + 100))"
