@@ -47,7 +47,7 @@ QAccessibleInterface* spoken(const QString& className, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
     if (widget && className.startsWith(u"frm") && widget->windowType() == Qt::Window)
         return new QAccessibleWidget(widget, QAccessible::Window);
-    if (widget && widget->objectName() == u"lblStatus")
+    if (widget && widget->property(IsStatus).toBool())
         return new QAccessibleWidget(widget, QAccessible::StatusBar);
     auto* button = qobject_cast<QAbstractButton*>(object);
     return button && className == u"PictureButton" ? new SpokenOnce(*button) : nullptr;

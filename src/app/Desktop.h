@@ -5,8 +5,11 @@
 
 /// Gives core what needs a desktop: the log its error box, shown while the setting `DebugMode` is
 /// "1", and the utilities the way to open a document with the desktop's program for it. Tells
-/// screen readers that the console and the board are windows.
+/// screen readers what windows, picture buttons and status lines are.
 void ConnectDesktop();
+
+/// The dynamic property of a label that is its window's status to a screen reader.
+inline constexpr const char* IsStatus = "IsStatus";
 
 /// The box of a program error, over the window in use.
 void ShowErrorBox(const QString& text);

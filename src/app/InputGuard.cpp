@@ -26,7 +26,7 @@ bool isGuarded(const QKeyEvent& event, const QWindow& receiver) {
     }
     const bool isText = qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
     return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape ||
-           (key == Qt::Key_Space && !isText) || (event.modifiers() & Qt::AltModifier);
+           (key == Qt::Key_Space && !isText) || event.modifiers() == Qt::AltModifier;
 }
 
 class InputGuard : public QObject {

@@ -1,5 +1,6 @@
 #include "forms/frmMain.h"
 
+#include "app/Desktop.h"
 #include "app/ElidedLabel.h"
 #include "app/Messages.h"
 #include "app/Theme.h"
@@ -143,6 +144,7 @@ QLayout* frmMain::makeFoot() {
     auto* foot = new QHBoxLayout;
     m_status->setObjectName(QStringLiteral("lblStatus"));
     m_status->setTextFormat(Qt::PlainText);
+    m_status->setProperty(IsStatus, true);
     auto* guide = new QLabel(QStringLiteral("F1 user guide"));
     guide->setObjectName(QStringLiteral("lblGuide"));
     foot->addWidget(m_status, 1);
