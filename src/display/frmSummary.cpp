@@ -128,30 +128,24 @@ void frmSummary::ShowPage() {
     m_page->show();
 }
 
-void frmSummary::checkNew(const QString& name) const {
+template <typename Control>
+Control& frmSummary::add(const QString& name) {
     if (m_byName.contains(name))
         throw RuntimeError(ErrorNumber::InvalidCall,
                            QStringLiteral("The board has a control %1 already").arg(name));
-}
-
-void frmSummary::add(QWidget& control, const QString& name) {
-    control.setObjectName(name);
-    m_controls.append(&control);
-    m_byName.insert(name, &control);
+    auto* control = new Control(m_newPage);
+    control->setObjectName(name);
+    m_controls.append(control);
+    m_byName.insert(name, control);
+    return *control;
 }
 
 BoardLabel& frmSummary::AddLabel(const QString& name) {
-    checkNew(name);
-    auto* label = new BoardLabel(m_newPage);
-    add(*label, name);
-    return *label;
+    return add<BoardLabel>(name);
 }
 
 QLabel& frmSummary::AddPicture(const QString& name) {
-    checkNew(name);
-    auto* picture = new QLabel(m_newPage);
-    add(*picture, name);
-    return *picture;
+    return add<QLabel>(name);
 }
 
 void frmSummary::KeepTextLeftOf(const QString& label, const QString& picture) {

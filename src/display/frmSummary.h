@@ -79,8 +79,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void add(QWidget& control, const QString& name);
-    void checkNew(const QString& name) const;
+    template <typename Control>
+    Control& add(const QString& name);
     void buildForThisSize();
 
     const Use m_use;

@@ -53,10 +53,9 @@ void showNoResult(QTreeWidgetItem& row) {
     show(row, NoScore, false, false);
 }
 
-void showResult(QTreeWidgetItem& row, const Result& result, const QIcon& entered) {
+void showResult(QTreeWidgetItem& row, const Result& result) {
     show(row, QString::number(result.Score), true, result.Joker == 1);
     row.setText(ResultID, result.ResultID);
-    row.setIcon(TeamName, entered);
 }
 
 QLabel* label(const QString& name, const QString& caption, QWidget* buddy) {
@@ -241,7 +240,8 @@ void frmResultEntry::showResults(const QString& roundKey) {
     const QIcon entered = enteredIcon();
     for (QTreeWidgetItem* row : m_teams->Rows()) {
         if (const Result* result = byTeam.value(RecordList::KeyOf(*row))) {
-            showResult(*row, *result, entered);
+            showResult(*row, *result);
+            row->setIcon(TeamName, entered);
         } else {
             showNoResult(*row);
         }
@@ -289,7 +289,7 @@ int frmResultEntry::updateResult(const QString& roundKey, const QString& teamKey
     result.RoundID = roundKey;
     if (!ResultDAO().Save(result))
         return 0;
-    showResult(row, result, enteredIcon());
+    showResult(row, result);
     return entry.Step;
 }
 
