@@ -39,8 +39,6 @@ std::unique_ptr<frmMain> Main() {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QString::fromLatin1(ProductInfo::Name));
-    QApplication::setApplicationVersion(QString::fromLatin1(ProductInfo::Version));
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.rankelo.Rankelo"));
     // Only the exit command ends the program, not the last window that closes.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -2,6 +2,11 @@
 
 #include <QPainter>
 
+ElidedLabel::ElidedLabel(const QString& text)
+    : QLabel(text) {
+    setTextFormat(Qt::PlainText);
+}
+
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));

@@ -18,7 +18,6 @@ RecordList::RecordList(const QString& name, const QStringList& columns, QWidget*
     setAlternatingRowColors(true);
     setAllColumnsShowFocus(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
     // A press of Tab leaves the list, it does not walk through it.
     setTabKeyNavigation(false);
     setIconSize(QSize(Theme::ButtonIcon, Theme::ButtonIcon));

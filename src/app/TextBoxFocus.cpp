@@ -17,7 +17,6 @@ void colour(QLineEdit& box, const QColor& background) {
     // The box is white or blue in a dark palette too, so its text is always dark.
     palette.setColor(QPalette::Text, Qt::black);
     palette.setColor(QPalette::Highlight, QColor(0, 62, 92));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
     box.setPalette(palette);
 }
 

@@ -99,7 +99,6 @@ frmAbout::frmAbout(QWidget* parent)
 QLabel* frmAbout::addLabel(QGridLayout& layout, const char* name, const QString& text, int points) {
     auto* label = new QLabel(text, this);
     label->setObjectName(QLatin1StringView(name));
-    label->setTextFormat(Qt::PlainText);
     label->setFont(QFont(QStringLiteral("Arial"), points));
     layout.addWidget(label, layout.rowCount(), 1);
     return label;

@@ -11,8 +11,7 @@ class HeldReports {
 public:
     HeldReports();
     ~HeldReports();
-    HeldReports(const HeldReports&) = delete;
-    HeldReports& operator=(const HeldReports&) = delete;
+    Q_DISABLE_COPY(HeldReports)
 
     /// Keeps one report; false when none waits now.
     static bool Keep(const RuntimeError& error, const char* functionName, const char* objectName);

@@ -70,10 +70,9 @@ QString withoutQuotes(const QString& value) {
 IniFile::Line::Line(const QByteArray& line)
     : bytes(line) {
     const QByteArray readable = line.split('\0').first();
-    QString text = isUtf8(readable) ? QString::fromUtf8(readable) : QString::fromLatin1(readable);
-    if (text.startsWith(QChar::ByteOrderMark))
-        text.remove(0, 1);
-    text = text.trimmed();
+    // A byte order mark goes with the decoding.
+    const QString text =
+        (isUtf8(readable) ? QString::fromUtf8(readable) : QString::fromLatin1(readable)).trimmed();
     const qsizetype equals = text.indexOf(u'=');
     const qsizetype bracket = text.indexOf(u']');
     if (text.startsWith(u';') || text.startsWith(u'#'))

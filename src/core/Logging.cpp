@@ -100,17 +100,13 @@ bool Logging::Record(qint32 messageType, qint32 messageNumber, const QString& de
         return false;
     // A log that cannot be written loses the message, and only a developer is told: reporting that
     // would come back here.
-    bool written = false;
-    try {
-        written = write({messageType, messageNumber, description, functionName, objectName});
-    } catch (...) {
-    }
-    if (!written)
-        qCWarning(RankeloErrors).noquote() << "lost a record for" << m_logPath;
-    return written;
+    if (write({messageType, messageNumber, description, functionName, objectName}))
+        return true;
+    qCWarning(RankeloErrors).noquote() << "lost a record for" << m_logPath;
+    return false;
 }
 
-bool Logging::write(const Message& message) {
+bool Logging::write(const Message& message) noexcept try {
     const QString path = m_logPath + QStringLiteral("ISApplication.Log");
     if (!m_logFileExists)
         m_logFileExists = AppUtilities().FileExists(path);
@@ -136,6 +132,8 @@ bool Logging::write(const Message& message) {
         line += fixedWidth ? PadRight(values[i], Columns[i].width) : values[i] + u',';
     line += fixedWidth ? message.description : u'"' + message.description + u'"';
     return append(path, QIODevice::Append, line);
+} catch (...) {
+    return false;
 }
 
 Logging& AppLog() {

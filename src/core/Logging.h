@@ -44,7 +44,7 @@ public:
 
 private:
     struct Message;
-    bool write(const Message& message);
+    bool write(const Message& message) noexcept;
 
     QString m_logPath;
     qint32 m_messageType = 0;

@@ -8,8 +8,7 @@ struct Session {
     Session();
     /// Records the end of the session in the log (a quiet notice).
     ~Session();
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    Q_DISABLE_COPY(Session)
 
     QString Version;    ///< major.minor.revision
     QString Executable; ///< without its folder and without Windows' ".exe"

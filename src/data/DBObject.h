@@ -18,8 +18,7 @@ class DBObject {
 public:
     DBObject();
     ~DBObject();
-    DBObject(const DBObject&) = delete;
-    DBObject& operator=(const DBObject&) = delete;
+    Q_DISABLE_COPY(DBObject)
 
     /// Opens the file, which must exist and hold a quiz; nothing is ever created. A file that is
     /// refused leaves the database closed.
@@ -49,8 +48,7 @@ public:
     public:
         explicit Snapshot(DBObject& database);
         ~Snapshot();
-        Snapshot(const Snapshot&) = delete;
-        Snapshot& operator=(const Snapshot&) = delete;
+        Q_DISABLE_COPY(Snapshot)
 
         /// False once a statement has failed.
         bool IsWhole() const { return m_owner.m_failures == m_failuresBefore; }

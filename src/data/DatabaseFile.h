@@ -37,8 +37,7 @@ private:
     struct Connection {
         Connection();
         ~Connection();
-        Connection(const Connection&) = delete;
-        Connection& operator=(const Connection&) = delete;
+        Q_DISABLE_COPY(Connection)
 
         QSqlDatabase Database;
     };

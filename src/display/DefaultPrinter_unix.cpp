@@ -33,8 +33,7 @@ public:
         m_count = cupsGetDests2(m_http.get(), &m_printers);
     }
     ~Service() { cupsFreeDests(m_count, m_printers); }
-    Service(const Service&) = delete;
-    Service& operator=(const Service&) = delete;
+    Q_DISABLE_COPY(Service)
 
     bool IsThere() const { return m_http != nullptr; }
     int Count() const { return m_count; }

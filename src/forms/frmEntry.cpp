@@ -30,7 +30,6 @@ QPushButton* button(const QString& name, const QString& caption) {
 QLabel* line(const char* name, const QString& text, const QFont& font) {
     auto* label = new ElidedLabel(text);
     label->setObjectName(QLatin1StringView(name));
-    label->setTextFormat(Qt::PlainText);
     label->setFont(font);
     return label;
 }
@@ -51,34 +50,30 @@ frmEntry::frmEntry(QWidget* parent, const ScoreEntry& entry)
 }
 
 void frmEntry::build(const ScoreEntry& entry) {
-    QFont arial = font();
-    arial.setFamily(QStringLiteral("Arial"));
-    setFont(arial);
-
     auto* label = new QLabel(QStringLiteral("Score:"));
     label->setObjectName(QStringLiteral("lblScore"));
     label->setBuddy(m_score);
     m_score->setObjectName(QStringLiteral("txtScore"));
     m_score->setAccessibleName(QStringLiteral("Score"));
-    QFont big = arial;
-    big.setPointSize(4 * arial.pointSize());
+    QFont big = font();
+    big.setPointSize(4 * font().pointSize());
     m_score->setFont(big);
     m_score->setAlignment(Qt::AlignRight);
     m_score->setMinimumWidth(QFontMetrics(big).horizontalAdvance(u'8') * 6);
     TextBoxFocus::Attach(m_score);
     m_joker->setObjectName(QStringLiteral("chkJoker"));
     m_joker->setToolTip(QStringLiteral("Alt+J"));
-    QFont large = arial;
-    large.setPointSizeF(1.8 * arial.pointSizeF());
+    QFont large = font();
+    large.setPointSizeF(1.8 * font().pointSizeF());
     auto* team = line("lblTeam", entry.Team, large);
-    auto* round = line("lblRound", entry.Round, arial);
+    auto* round = line("lblRound", entry.Round, font());
     round->setForegroundRole(QPalette::PlaceholderText);
     auto* jokers =
         line("lblJokers",
              entry.JokerRounds.isEmpty() ? QString()
                                          : QStringLiteral("Joker played in: ") +
                                                entry.JokerRounds.join(QStringLiteral(", ")),
-             arial);
+             font());
     jokers->setForegroundRole(QPalette::PlaceholderText);
     auto* ok = button(QStringLiteral("cmdOK"), QStringLiteral("OK"));
     auto* cancel = button(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));

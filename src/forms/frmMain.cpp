@@ -106,7 +106,6 @@ void frmMain::build() {
     layout->addLayout(row, nearlyAll);
     layout->addStretch(1);
     layout->addLayout(makeFoot());
-    m_rounds->setFocus();
 }
 
 // Tiles of one size with equal gutters, which stay a size that the eye takes in at once, however
@@ -143,7 +142,6 @@ QWidget* frmMain::makeTiles() {
 QLayout* frmMain::makeFoot() {
     auto* foot = new QHBoxLayout;
     m_status->setObjectName(QStringLiteral("lblStatus"));
-    m_status->setTextFormat(Qt::PlainText);
     m_status->setProperty(IsStatus, true);
     auto* guide = new QLabel(QStringLiteral("F1 user guide"));
     guide->setObjectName(QStringLiteral("lblGuide"));
