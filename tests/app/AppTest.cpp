@@ -57,8 +57,15 @@ private slots:
         }
     }
 
-    void failsOnAFolderInThePlaceOfTheFile() {
+    // What a value that cannot be a line stops is not saved; what came before it is. A folder in
+    // the place of the file is told.
+    void savesWhatItCan() {
         const AppFolder folder;
+        modCommon::AppSettings() = {};
+        modCommon::AppSettings().FontSize = "3\n2";
+        QVERIFY(!modCommon::Settings(modCommon::SaveSettings));
+        QCOMPARE(ReadFile(folder.IniPath()).simplified(), "[Application] FontName=Arial");
+        QFile::remove(folder.IniPath());
         QVERIFY(QDir().mkdir(folder.IniPath()));
         for (const auto mode : {modCommon::LoadSettings, modCommon::SaveSettings}) {
             QVERIFY(!modCommon::Settings(mode));
@@ -145,7 +152,8 @@ private slots:
         QElapsedTimer time;
         time.start();
         splash.RunAsSplash();
-        QVERIFY(time.elapsed() >= 2000 && seen == 2 && pressed.isEmpty());
+        QVERIFY(time.elapsed() >= 2000 && time.elapsed() < 4000);
+        QVERIFY(seen == 2 && pressed.isEmpty());
     }
 };
 

@@ -61,9 +61,7 @@ private slots:
         }
         QCOMPARE(outcome([] { return ToInt32(QVariant()); }), "error 94");
         QCOMPARE(outcome([] { return ToInt32(QVariant(qint64{1} << 31)); }), "error 6");
-    }
-
-    void arithmeticNeverWraps() {
+        // Sums, differences and products never wrap.
         QCOMPARE(outcome([] { return CheckedAdd(2147483647, -1); }), "2147483646");
         QCOMPARE(outcome([] { return CheckedAdd(2147483647, 1); }), "error 6");
         QCOMPARE(outcome([] { return CheckedSubtract(-2147483647, 1); }), "-2147483648");
@@ -138,6 +136,7 @@ private slots:
 
     void keysAreDifferentAndCarryTheirTime() {
         Utilities fresh;
+        QVERIFY(!fresh.WasTaken());
         for (int i = 1; i <= 1000; ++i) {
             QString key;
             QVERIFY(areNow([&] { return (key = fresh.GenerateUnique()).left(16); }));
@@ -190,6 +189,7 @@ private slots:
             {HandEdited, "Liberation Sans"},
             {"FontName=a\n[Other]\nFontName=b", "default"},
             {"[Application]\na=1\n[Application]\nFontName=b", "default"}, // the first one counts
+            {" [Application]\n\tFontName=a", "a"},
             {head + "\"", "\""},
             {head + "\"\"", "default"},
             {head + "\"  a  \"", "  a  "},
@@ -238,6 +238,7 @@ private slots:
         }
         const QString zero(1, QChar());
         QVERIFY(!u.WriteINIValue(ini, "a", "b", zero) &&
+                u.WriteSection(ini, "application", {}) && // and into a section without keys
                 u.WriteSection(ini, "application", "a=1" + zero + "b=c=d" + zero));
         const qsizetype head = HandEdited.indexOf("# the"), end = HandEdited.indexOf("[Last]");
         QCOMPARE(ReadFile(ini), HandEdited.left(head) + "a=1\r\nb=c=d\r\n" + HandEdited.mid(end));

@@ -135,7 +135,6 @@ start_program() {
     program=$!
 }
 
-is_open() { [[ -n $(xdotool search --onlyvisible --class Rankelo 2>/dev/null) ]]; }
 is_gone() { ! kill -0 "$program" 2>/dev/null; }
 
 # ended_with STATUS: waits until the program has ended, and expects its exit status.

@@ -60,7 +60,7 @@ press space # one print is enough
 go_to "$console" Escape
 laser_waits
 # There lies what somebody prints whom the system does not know.
-find /var/spool/cups-pdf/ANONYMOUS -name "*-job_$port.pdf" -newer "$place/display" \
+find /var/spool/cups-pdf/ANONYMOUS -name "Rankelo_Results*-job_$port.pdf" -newer "$place/display" \
     -exec mv {} "$place/sheets.pdf" \;
 # In a fixed pitch of 11 points a letter is 6.6 points wide. The left margin, blanks at the ends of
 # lines and the blank foot of a page do not count.

@@ -23,6 +23,7 @@ open_display 1280x720
 new_folder Rankelo
 before=$(ls -A "$folder")
 start_program
+within_patience "the splash" xdotool search --onlyvisible --name '^Rankelo$'
 window "$console"
 
 go_to "Round Entry" F2
@@ -67,7 +68,6 @@ edge=20 # one pixel beside the left margin runs through the boxes that hold the 
 go_to "Rankelo Results" F8
 below="$black $pair_b $black $pair_a $black"
 comes_to "$below" colours_down West $edge
-press 4 # means nothing
 for revealed in "3 $black $third $black $third" "2 $black $second" "1 $black $first"; do
     press "${revealed%% *}"
     below="${revealed#* } $below"
