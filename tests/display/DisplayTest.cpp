@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QFontInfo>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPdfWriter>
 #include <QTest>
 #include <QTreeWidget>
@@ -100,7 +99,7 @@ private slots:
     }
 
     // The picture is the board as it would open, in settings that nobody has saved; the line below
-    // it says how many teams fit. The hand that turns the wheel changes nothing.
+    // it says how many teams fit.
     void picturesTheBoard() {
         const AppFolder folder;
         modCommon::AppSettings() = {};
@@ -113,8 +112,6 @@ private slots:
         frmOptions screen(nullptr, nullptr);
         ShowScreen(screen);
         auto& size = Control<QComboBox>(screen, "cboDisplaySize");
-        Wheel(size);
-        QCOMPARE(size.currentText(), "32");
         size.setFocus();
         auto& preview = *screen.findChild<BoardPreview*>();
         for (const auto& [points, margin] : {std::pair("7", 900), {"70", 0}, {"big", 0}}) {
@@ -139,30 +136,6 @@ private slots:
                      board.grab().toImage().convertToFormat(QImage::Format_RGB32));
         }
         QVERIFY(modCommon::AppSettings() == DisplaySettings() && folder.Files().size() == 2);
-    }
-
-    // Not by the first answer, and not when no copy of the quiz can be kept.
-    void deletesNothingWithoutACopy() {
-        AppFolder folder;
-        RunForeign(folder.DatabasePath(), {"INSERT INTO Teams VALUES ('k','Ants')"});
-        WriteFile(folder.Path("Earlier quizzes"), "not a folder");
-        folder.Open();
-        frmOptions screen(nullptr, nullptr);
-        ShowScreen(screen);
-        const auto yes = [](QDialog& box) {
-            Click(*dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes));
-        };
-        const QString question = "Are you sure you wish to delete all data?";
-        const ModalAnswers answers(
-            {MessageBox("Reset Database", question, Qt::Key_Return), yes,
-             MessageBox("Rankelo Error", "Operation failed to complete", Qt::Key_Return)});
-        for (const qsizetype failures : {0, 1}) {
-            Click(Control<QAbstractButton>(screen, "cmdReset"));
-            QCOMPARE(folder.TakeReports().size(), failures);
-        }
-        QVERIFY(answers.AllGiven());
-        QCOMPARE(RunForeign(folder.DatabasePath(), {"SELECT TeamName FROM Teams"}),
-                 QStringList("Ants"));
     }
 
     void listsTheStandingsUntilEscape() {

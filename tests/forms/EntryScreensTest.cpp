@@ -1,6 +1,6 @@
 #include "Quiz.h"
 #include "core/AppPaths.h"
-#include "support/HostileTexts.h"
+#include "display/frmOptions.h"
 #include "support/PaintRecorder.h"
 
 #include <QComboBox>
@@ -9,6 +9,31 @@
 
 namespace {
 
+// A text that somebody may type, paste or store as the name of a team or a round.
+struct HostileText {
+    const char* What;
+    QString Text;
+    QString Pasted = Text; ///< what the entry screens make of it, the records parted by "|"
+    bool IsRefused = Text.contains(QChar(0));
+};
+
+const HostileText HostileTexts[] = {
+    {"nothing but apostrophes", "''''"},
+    {"quotes of every kind", "O'Brien \"a\" `b` 'c' „d“ «e» ‘f’"},
+    {"a statement", "'); DROP TABLE Teams;--/* c */ ? :name $1 %_[a-z]*"},
+    {"markup and formats", "<b>x</b><img src=\"/etc/passwd\">&amp;<br> %1 %s %n %99 {0} \\"},
+    {"a menu key", "Tom & Jerry && Co"},
+    {"a column", "a\nb \r\n \r\n\tc\t\td\r", "a|b |c d"},
+    {"a line end and a tab", "a\tb\r\n", "a b"},
+    {"surrounding blanks", "  a  "},
+    {"right to left", "\u202Eabc\u202C \u200F\u05D0\u05D1 \u0627\u0644"},
+    {"emoji", "\U0001F9D1\u200D\U0001F680\U0001F1E9\U0001F1EA e\u0301"},
+    {"separators", "a\uFEFF\u2028\u2029\u200B", "a\uFEFF|\u200B"},
+    {"stacked marks", u'Z' + QString(500, QChar(0x0334))},
+    {"10,000 characters", QString(10000, u'x')},
+    {"a code that is no character", u'a' + QString(QChar(0xFFFE)), "a\uFFFD"},
+    {"a zero character", QStringLiteral("a\0'; DELETE FROM Teams")}};
+
 /// How a screen is made, and what of it is stored, as its list shows it.
 struct Kind {
     Screen (*make)();
@@ -16,13 +41,23 @@ struct Kind {
 };
 const Kind Team{Make<frmTeamEntry>, "SELECT TeamName FROM Teams ORDER BY rowid"};
 const Kind Round{Make<frmRoundEntry>,
-                 "SELECT RoundNumber || ' ' || RoundName FROM Rounds ORDER BY RoundNumber"};
+                 "SELECT RoundNumber || ' ' || RoundName FROM Rounds "
+                 "WHERE MaxScore = iif(RoundID LIKE 'R_', 10, 0) ORDER BY RoundNumber"};
 const Kind Scores{ResultScreen, "SELECT TeamName || ' ' || ifnull(Score, 0) || "
                                 "iif(Joker, ' Y ', ' N ') || ifnull(ResultID, '') "
                                 "FROM Teams LEFT JOIN Results USING (TeamID) ORDER BY TeamName"};
 
 QString withoutKeys(QString rows) {
     return rows.remove(QRegularExpression("\\d{26}"));
+}
+
+// Whether the first and the last team have the same mark, of those with and without a result.
+bool areMarkedAlike(const Opened& screen) {
+    const auto mark = [&](int row) {
+        const auto& list = screen.Get<QTreeWidget>("lvTeams");
+        return list.topLevelItem(row)->icon(0).pixmap(24).toImage();
+    };
+    return mark(0) == mark(2);
 }
 
 // Every text that a screen shows, drawn as well.
@@ -97,9 +132,13 @@ private slots:
             {Round, "@1" + deletion + "!Return" + failed, rounds, same, refuse("DELETE ON Rounds")},
             // The moved round stays selected, and nothing is said when it cannot move.
             {Round, "@0 txtRoundName =x cmdMove_1 cmdEdit", "1 Films|2 Music|3 Sport"},
-            {Round, "@1 cmdMove_0 cmdMove_1 cmdMove_1 cmdEdit", "1 Music|2 Sport|3 Films"},
             {Round, "@1 cmdMove_0 cmdMove_0 cmdMove_1" + deletion + "!Return", "2 Music|3 Sport"},
             {Round, "cmdMove_0", rounds},
+            // Numbered by another program, the others are counted around the moved round.
+            {Round, "@1 cmdMove_1 txtRoundName =x cmdAdd", "1 Music|2 Sport|6 Films|7 x", same,
+             "UPDATE Rounds SET RoundNumber=4*RoundNumber-3"},
+            {Round, "@1 cmdMove_0", "1 Music|2 Sport|3 Films", same,
+             "UPDATE Rounds SET RoundNumber=4"},
             {Round, "@0 txtRoundName =x cmdMove_1 cmdAdd", rounds + "|4 x", same,
              refuse("UPDATE ON Rounds")},
             // A score is rounded, a new one makes a result, another one changes it. What is no
@@ -158,11 +197,7 @@ private slots:
             QCOMPARE(screen.Get("lblMoves").isVisible(),
                      screen.Get<QComboBox>("cboRounds").currentText() != "Music");
             // Ants have a result in every case, Cats in some.
-            const auto& list = screen.Get<QTreeWidget>("lvTeams");
-            const auto mark = [&](int row) {
-                return list.topLevelItem(row)->icon(0).pixmap(24).toImage();
-            };
-            QCOMPARE(mark(2) == mark(0), !rows.endsWith(u' '));
+            QCOMPARE(areMarkedAlike(screen), !rows.endsWith(u' '));
         }
     }
 
@@ -174,11 +209,27 @@ private slots:
                 {MessageBox("Rankelo Error", "Operation failed to complete", Qt::Key_Return)});
             return ResultScreen();
         });
+        QCOMPARE(scores.Get<QLineEdit>("txtEntered").text(), "0");
         scores.Play("!Return ?Operation_failed_to_complete !Return");
         QCOMPARE(Rows(scores.Get<QTreeWidget>("lvTeams")), "Ants   |Bees   |Cats   ");
         RunForeign(scores.DatabasePath(), {"UPDATE Results SET Score=7"});
         scores.Play("!Return ?Ants =9 !Return");
         QCOMPARE(scores.Stored(Scores.stored), "Ants 9 N X1|Bees 7 Y X2|Cats 0 N ");
+        // A result of another round is marked when that is chosen.
+        RunForeign(scores.DatabasePath(), {"INSERT INTO Results VALUES ('X3','R2','T3',1,0)"});
+        QVERIFY(!areMarkedAlike(scores));
+        scores.Play("!Tab !Down");
+        QVERIFY(areMarkedAlike(scores));
+    }
+
+    // Not by the first answer, and not when no copy of the quiz can be kept.
+    void deletesNothingWithoutACopy() {
+        Opened settings([] { return Screen(new frmOptions(nullptr, nullptr)); });
+        WriteFile(settings.Path("Earlier quizzes"), "not a folder");
+        const QString ask = "cmdReset ?Are_you_sure_you_wish_to_delete_all_data? ";
+        settings.Play(ask + "!Return " + ask + "!Tab !Space ?Operation_failed_to_complete !Return");
+        QCOMPARE(settings.TakeReports().size(), 1);
+        QCOMPARE(settings.Stored(Team.stored), "Ants|Bees|Cats");
     }
 
     void emptyListsSayWhatToDo() {
@@ -203,25 +254,31 @@ private slots:
 
     // What is pasted is stored as it is, a record a line.
     void addsWhatIsPasted() {
-        for (const HostileText& name : HostileTexts()) {
-            Opened team(Team.make);
-            Paste(name.Text);
-            team.Play(name.IsRefused ? "!Return ?Operation_failed_to_complete !Return" : "!Return");
-            QString stored = "Ants|Bees|Cats" + (name.IsRefused ? QString() : u'|' + name.Pasted);
-            if (name.Pasted.endsWith(u'|')) // nothing is left for Enter
-                stored.chop(1);
-            QCOMPARE(team.Stored(Team.stored), stored);
-        }
+        for (const HostileText& name : HostileTexts)
+            for (const auto& [make, query] :
+                 {std::pair{Team.make, "SELECT TeamName FROM Teams ORDER BY rowid"},
+                  {Round.make, "SELECT RoundName FROM Rounds ORDER BY RoundNumber"}}) {
+                const Opened screen(make);
+                const QString before = screen.Stored(query);
+                const ModalAnswers answers(std::list(
+                    name.IsRefused,
+                    MessageBox("Rankelo Error", "Operation failed to complete", Qt::Key_Return)));
+                Paste(name.Text + "\nx");
+                QVERIFY2(answers.AllGiven(), name.What);
+                QCOMPARE(screen.Stored(query),
+                         before + (name.IsRefused ? QString() : u'|' + name.Pasted + "|x"));
+            }
     }
 
     // Stored by another program, a name stands on every screen and on the board as it is.
     void showsForeignNames() {
-        for (const HostileText& name : HostileTexts()) {
+        for (const HostileText& name : HostileTexts) {
             const Quiz quiz;
             RunForeign(quiz.DatabasePath(),
                        {"UPDATE Teams SET TeamName=?", "UPDATE Rounds SET RoundName=?"}, name.Text);
             const QString stored = quiz.Stored(Team.stored).section(u'|', 0, 0);
-            QString texts;
+            modForms::ViewResults(nullptr, modForms::RoundOnBoard, 0, "R1");
+            QString texts = textsOf(*Quiz::Board());
             for (const auto make : {Team.make, Round.make, Scores.make, Make<frmMain>}) {
                 const Screen screen = make();
                 QVERIFY2(screen->minimumSizeHint().width() < 1280, name.What);
@@ -232,10 +289,9 @@ private slots:
                 view.reject();
             }});
             modForms::ViewResults(nullptr, modForms::OverallInWindow, 0, QString());
-            modForms::ViewResults(nullptr, modForms::RoundOnBoard, 0, "R1");
-            texts += textsOf(*Quiz::Board());
-            // 3 teams, 3 rounds, 3 teams and a chooser, a chooser, 3 teams, 2 teams and a heading.
-            QCOMPARE(texts.count(stored), 3 + 3 + 4 + 1 + 3 + 3);
+            // 2 teams and a heading, 3 teams, 3 rounds, 3 teams and a chooser, a chooser and the
+            // status, 3 teams.
+            QCOMPARE(texts.count(stored), 3 + 3 + 3 + 4 + 2 + 3);
         }
     }
 };

@@ -1,20 +1,26 @@
 #include "Quiz.h"
+#include "app/PictureButton.h"
 #include "app/Theme.h"
+#include "app/TileButton.h"
 #include "app/frmAbout.h"
 #include "display/BoardLabel.h"
 #include "display/frmOptions.h"
 #include "display/frmViewResults.h"
 #include "forms/frmEntry.h"
 #include "forms/frmMain.h"
+#include "support/PaintRecorder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QTest>
 
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -25,29 +31,91 @@ Screen resultsWindow() {
     return screen;
 }
 
-// Every screen but the board, filled, and the order in which Tab visits its controls.
+// Every screen but the board, filled, how it is laid out, and the order in which Tab visits its
+// controls.
 const struct {
     Screen (*Make)();
+    const char* Layout;
     const char* TabOrder;
 } Screens[] = {
-    {Make<frmMain>,
+    {Make<frmMain>, "frmMain 13, 11 grow: 8 16 24 apart, 11 15.4",
      "cboRounds chkShowAllRound cmdRoundSetup cmdTeamSetup cmdResultsEntry cmdDisplayRound "
      "cmdDisplayLeader cmdViewResults cmdViewLeader cmdConfiguration cmdExit"},
-    {Make<frmTeamEntry>, "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
-    {Make<frmRoundEntry>, "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
-    {ResultScreen, "lvTeams cboRounds"},
+    {Make<frmTeamEntry>, "frmTeamEntry 7, 3 grow: 8 16 apart, 11 points, 80x68, 8 in the list",
+     "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
+    {Make<frmRoundEntry>, "frmRoundEntry 9, 3 grow: 8 16 apart, 11 points, 80x68, 8 in the list",
+     "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
+    {ResultScreen, "frmResultEntry 8, 3 grow: 8 16 apart, 11 points, 90x70, 48 in the list",
+     "lvTeams cboRounds"},
     {[] {
          return Screen(
              new frmEntry(nullptr, {.Team = "Ants", .Round = "Music", .JokerRounds = {"Films"}}));
      },
-     "txtScore chkJoker cmdOK cmdCancel"},
+     "frmEntry 8, 8 grow: 16 24 apart, 11 19.8 44", "txtScore chkJoker cmdOK cmdCancel"},
     {[] { return Screen(new frmOptions(nullptr, nullptr)); },
+     "frmOptions 40, 1 grow: 8 16 24 apart, 11",
      "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
      "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
      "cmdReset chkDebugMode cmdSave cmdClose cmdAbout"},
-    {resultsWindow, "lvResults cboPrinter cmdPrint"},
-    {Make<frmAbout>, "cmdClose"},
+    {resultsWindow, "frmViewResults 4, 2 grow: 16 apart, 11 points, 90x70, 8 in the list",
+     "lvResults cboPrinter cmdPrint"},
+    {Make<frmAbout>, "frmAbout 7, 0 grow: 8 32 apart, 11 14 28", "cmdClose"},
 };
+
+// Not what Qt puts inside a control.
+bool isOurs(const QWidget& control) {
+    return control.isVisible() && !control.objectName().isEmpty() &&
+           !control.objectName().startsWith("qt_");
+}
+
+// How many controls a screen has and how many grow with it, how far they are apart and from the
+// edges (-1 for one over another), the points of their letters, and how large a screen with a list
+// opens in spacing units.
+QString layoutOf(QWidget& screen) {
+    QMap<const QWidget*, int> widths;
+    std::set<double> gaps, letters;
+    for (const QWidget* control : screen.findChildren<QWidget*>())
+        if (isOurs(*control)) {
+            widths[control] = control->width();
+            letters.insert(control->font().pointSizeF());
+        }
+    for (const QLayout* layout : screen.findChildren<QLayout*>()) {
+        const bool isByStyle = qobject_cast<QGroupBox*>(layout->parentWidget());
+        const QMargins edges = layout->contentsMargins();
+        for (const int edge : {edges.left(), edges.top(), edges.right(), edges.bottom()})
+            gaps.insert(isByStyle ? 0 : edge);
+        QRect last;
+        for (int i = 0; i < layout->count(); ++i) {
+            const QLayoutItem& item = *layout->itemAt(i);
+            if (item.isEmpty() || item.alignment() == Qt::AlignCenter)
+                continue;
+            const QRect box = item.geometry();
+            const int gap = std::max(box.left() - last.right(), box.top() - last.bottom()) - 1;
+            if (last.isValid())
+                gaps.insert(box.intersects(last) ? -1 : isByStyle ? 0 : std::max(gap, 0));
+            last = box;
+        }
+    }
+    QString text;
+    for (const double gap : gaps)
+        if (gap != 0 && gap <= 4 * Theme::Unit) // more is given away
+            text += QString(" %1").arg(gap);
+    text += " apart,";
+    for (const double points : letters)
+        text += QString(" %1").arg(points);
+    if (const auto* list = screen.findChild<QTreeWidget*>())
+        text += QString(" points, %1x%2, %3 in the list")
+                    .arg(screen.width() / Theme::Unit)
+                    .arg(screen.height() / Theme::Unit)
+                    .arg(RecordedWidget(*list->viewport()).Recorder.Texts[0].Place.x());
+    const QSize size = screen.size();
+    screen.resize(size + QSize(200, 0));
+    QCoreApplication::processEvents();
+    const auto grow = std::ranges::count_if(
+        widths.keys(), [&](auto* control) { return control->width() > widths[control]; });
+    screen.resize(size);
+    return QString("%1 %2, %3 grow:").arg(screen.objectName()).arg(widths.size()).arg(grow) + text;
+}
 
 // The smallest size in which a control shows its whole text.
 QSize neededBy(const QWidget& control) {
@@ -69,8 +137,11 @@ bool hasRoom(const QWidget& screen, const QWidget& control) {
         fits = fits && (list->isColumnHidden(column) || list->header()->sectionSizeHint(column) <=
                                                             list->header()->sectionSize(column));
     for (int row = 0; list && row < list->topLevelItemCount(); ++row) {
-        const int height = list->visualItemRect(list->topLevelItem(row)).height();
+        const QTreeWidgetItem& item = *list->topLevelItem(row);
+        const int height = list->visualItemRect(&item).height();
         fits = fits && height == list->header()->height() && height > list->fontMetrics().height();
+        for (int column = 0; column < list->columnCount(); ++column) // as its head stands
+            fits &= item.textAlignment(column) == list->headerItem()->textAlignment(column);
     }
     return fits;
 }
@@ -87,7 +158,7 @@ bool isReadable(const QWidget& control) {
         for (const P::ColorGroup group : {P::Active, P::Inactive, P::Disabled})
             if (ContrastRatio(palette.color(group, text), palette.color(group, back)) < 4.5)
                 return false;
-    return true;
+    return palette.color(P::Disabled, P::WindowText) != palette.color(P::Active, P::WindowText);
 }
 
 // What is painted in a place of a control and around it.
@@ -185,14 +256,13 @@ private slots:
         QStringList faults;
         for (const bool isDark : {false, true}) {
             applyLook(isDark);
-            for (const auto& [make, order] : Screens) {
+            for (const auto& [make, layout, order] : Screens) {
                 const std::unique_ptr<QWidget> screen = make();
                 ShowScreen(*screen);
                 if (!screen->screen()->availableGeometry().contains(screen->frameGeometry()))
                     faults.append(screen->objectName() + " leaves the screen");
-                const QRect used = screen->childrenRect();
-                if (used.left() != screen->rect().right() - used.right())
-                    faults.append(screen->objectName() + " has uneven edges");
+                if (!isDark && qApp->devicePixelRatio() == 1)
+                    QCOMPARE(layoutOf(*screen), layout);
                 QCOMPARE(tabOrder(faults).join(u' '), order);
                 for (const bool isSmallest : {false, true}) {
                     if (isSmallest)
@@ -213,8 +283,36 @@ private slots:
             const char* look = isDark ? "dark" : "light";
             QVERIFY(QApplication::windowIcon().availableSizes().contains(QSize(128, 128)));
             const auto console = std::make_unique<frmMain>();
-            auto& tile = Control<QAbstractButton>(*console, "cmdExit");
+            ShowScreen(*console);
+            QMap<int, int> widths;
+            for (const auto* each : console->findChildren<TileButton*>())
+                ++widths[each->width()];
+            QCOMPARE(widths.values(), QList({8, 1})); // one is two columns wide
+            // On a large screen the room lies around the tiles.
+            console->resize(3000, 1500);
+            const QRect tiles = Control<TileButton>(*console, "cmdExit").parentWidget()->geometry();
+            QCOMPARE(tiles, QRect(QPoint(900, tiles.y()), QSize(1200, 512)));
+            QVERIFY(std::abs(tiles.center().y() - 750) < 50);
+            TileButton tile("tile", "exit", "Exit Application", "", "Esc");
+            tile.resize(200, 200);
             QVERIFY(paints(tile, exact(look, "exit"), [&](auto i) { tile.setIcon(i); }));
+            // Under the pointer it is tinted, and pressed more so.
+            const auto face = [&] { return tile.grab().toImage().pixelColor(20, 20).name(); };
+            QString faces = face();
+            tile.setAttribute(Qt::WA_UnderMouse);
+            faces += face();
+            tile.setDown(true);
+            QCOMPARE(faces + face(), isDark ? "#2a333b#253f4c#1d5267" : "#ffffff#e0f3f9#b3e0f0");
+            // In its middle stand picture, caption and key.
+            const RecordedWidget drawn(tile);
+            QString words;
+            for (const auto& [place, text, width, font] : drawn.Recorder.Texts)
+                words += text + QString::number(qRound(place.x() + width / 2)) + u' ';
+            QCOMPARE(words, "Exit Application100 Esc100 ");
+            const QRectF picture = drawn.Recorder.Pictures[0];
+            const auto& key = drawn.Recorder.Texts[1];
+            const double below = 200 - key.Place.y() - QFontMetrics(key.Font).descent();
+            QVERIFY(picture.center().x() == 100 && std::abs(picture.y() - below) < 2);
 
             const auto results = ResultScreen();
             ShowScreen(*results);
@@ -252,10 +350,13 @@ private:
             if (!holds)
                 faults.append(screen.objectName() + u'.' + name + ": " + what);
         };
-        // Not what Qt puts inside a control.
-        if (!control.isVisible() || name.isEmpty() || name.startsWith("qt_"))
+        if (!isOurs(control))
             return;
         expect(hasRoom(screen, control), "is cut");
+        const bool isPicture = qobject_cast<PictureButton*>(&control);
+        expect(!isPicture || control.height() == 5 * Theme::Unit, "is hard to hit");
+        const QColor word = control.palette().color(QPalette::ButtonText);
+        expect((word == Theme::Warning()) == (name == "cmdReset"), "warns, or not");
         expect(showsItsPurpose(control), "does not show its purpose");
         const bool isButton = qobject_cast<QAbstractButton*>(&control);
         const bool isByKey = control.focusPolicy() & Qt::TabFocus;

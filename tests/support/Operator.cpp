@@ -3,6 +3,7 @@
 #include "app/InputGuard.h"
 #include "app/Theme.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QMessageBox>
@@ -131,6 +132,8 @@ ModalAnswers::Answer MessageBox(const QString& title, const QString& text, int k
         QCOMPARE(dialog.windowTitle(), title);
         QCOMPARE(box->text(), text);
         QCOMPARE(box->textFormat(), Qt::PlainText); // a team may be called "<b>Bold</b>"
+        for (const QAbstractButton* button : box->buttons())
+            QVERIFY(button->icon().isNull());
         Press(key);
         QVERIFY2(!box->isVisible(), "the key closes the box");
     };

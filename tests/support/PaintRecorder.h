@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-/// Remembers every text that is drawn instead of painting it.
+/// Remembers every text and picture that is drawn instead of painting it.
 struct PaintRecorder : QPaintEngine {
     struct Text {
         QPointF Place;
@@ -18,15 +18,19 @@ struct PaintRecorder : QPaintEngine {
     bool begin(QPaintDevice*) override { return true; }
     bool end() override { return true; }
     void updateState(const QPaintEngineState&) override {}
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawPixmap(const QRectF& place, const QPixmap&, const QRectF&) override {
+        Pictures.append(place);
+    }
     void drawRects(const QRectF*, int) override {}
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    void drawPath(const QPainterPath&) override {}
     Type type() const override { return QPaintEngine::User; }
     void drawTextItem(const QPointF& place, const QTextItem& item) override {
         Texts.append({place, item.text(), item.width(), item.font()});
     }
 
     QList<Text> Texts;
+    QList<QRectF> Pictures;
 };
 
 /// A picture as large as a control.
