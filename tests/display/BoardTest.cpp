@@ -112,11 +112,9 @@ private slots:
             QCOMPARE(board.Screen->findChildren<QLabel*>().size(), controls);
             const QString report = board.TakeReports().join(u'|');
             QVERIFY2(report.contains(number) && report.contains(place), qPrintable(report));
+            if (controls > 0) // Each name is there once.
+                QVERIFY_THROWS_EXCEPTION(RuntimeError, board.Screen->AddPicture("lblHeading"));
         }
-        const TestBoard board;
-        board.Screen->BeginPage();
-        board.Screen->AddLabel("lblLabel1");
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, board.Screen->AddPicture("lblLabel1"));
     }
 
     // Each line is hidden, visible, or shows its joker, too.

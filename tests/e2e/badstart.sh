@@ -8,21 +8,14 @@ contents() { (cd "$folder" && find . -type f -exec sha256sum {} + | sort && find
 begin badstart
 open_display 1280x720
 
-# One broken start a line: the file to be named, the reason, and what breaks it.
-while read -r file reason breakage; do
-    new_folder "$reason" "$project/scripts/demo.sql"
-    cd "$folder"
-    eval "$breakage"
-    before=$(contents)
-    start_program
-    ended_with 1
-    [[ $(contents) == "$before" ]] || fail "$breakage: the folder has changed"
-    [[ $(wc -l <"$place/stderr") == 1 && $(<"$place/stderr") =~ "$folder/$file".*($reason) ]] ||
-        fail "$breakage: \"$(<"$place/stderr")\" instead of one line about $file: $reason"
-done <<'END'
-Rankelo.MDB not.found|folder rm Rankelo.MDB && mkdir Rankelo.MDB
-Rankelo.INI CellPadX printf '[Application]\nFontSize=32\nCellPadX=wide\n' >Rankelo.INI
-END
+new_folder wrong "$project/scripts/demo.sql"
+printf '[Application]\nFontSize=32\nCellPadX=wide\n' >"$folder/Rankelo.INI"
+before=$(contents)
+start_program
+ended_with 1
+[[ $(contents) == "$before" ]] || fail "the folder has changed"
+[[ $(wc -l <"$place/stderr") == 1 && $(<"$place/stderr") == *"$folder/Rankelo.INI: CellPadX=wide: "* ]] ||
+    fail "\"$(<"$place/stderr")\" instead of one line about CellPadX"
 
 # By its icon, where nobody reads the line: one box says it, with debug messages too, and where the
 # desktop's session keeps what its programs say.

@@ -18,9 +18,7 @@ struct PaintRecorder : QPaintEngine {
     bool begin(QPaintDevice*) override { return true; }
     bool end() override { return true; }
     void updateState(const QPaintEngineState&) override {}
-    void drawPixmap(const QRectF& place, const QPixmap&, const QRectF&) override {
-        Pictures.append(place);
-    }
+    void drawPixmap(const QRectF& at, const QPixmap&, const QRectF&) override { Pictures += at; }
     void drawRects(const QRectF*, int) override {}
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
     void drawPath(const QPainterPath&) override {}
