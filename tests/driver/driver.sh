@@ -135,6 +135,7 @@ start_program() {
     program=$!
 }
 
+is_splash_there() { xdotool search --onlyvisible --name '^Rankelo$'; } >/dev/null 2>&1
 is_gone() { ! kill -0 "$program" 2>/dev/null; }
 
 # ended_with STATUS: waits until the program has ended, and expects its exit status.

@@ -23,7 +23,7 @@ open_display 1280x720
 new_folder Rankelo
 before=$(ls -A "$folder")
 start_program
-within_patience "the splash" xdotool search --onlyvisible --name '^Rankelo$'
+within_patience "the splash" is_splash_there
 window "$console"
 
 go_to "Round Entry" F2
