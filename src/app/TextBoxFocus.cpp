@@ -9,9 +9,9 @@
 
 namespace {
 
-using TextBoxFocus::Colours;
+using TextBoxFocus::Colors;
 
-void colour(QLineEdit& box, const QColor& background) {
+void color(QLineEdit& box, const QColor& background) {
     QPalette palette = box.palette();
     palette.setColor(QPalette::Base, background);
     // The box is white or blue in a dark palette too, so its text is always dark.
@@ -20,32 +20,32 @@ void colour(QLineEdit& box, const QColor& background) {
     box.setPalette(palette);
 }
 
-void gained(QWidget* control, Colours colours) {
+void gained(QWidget* control, Colors colors) {
     auto* box = qobject_cast<QLineEdit*>(control);
     if (!box)
         return;
     // Selected from the end, so that the caret stands at the start.
     const auto length = static_cast<int>(box->text().size());
     box->setSelection(length, -length);
-    if (colours == Colours::BlueAndWhite)
-        colour(*box, Theme::Accent);
+    if (colors == Colors::BlueAndWhite)
+        color(*box, Theme::Accent);
 }
 
-void lost(QWidget* control, Colours colours) {
+void lost(QWidget* control, Colors colors) {
     auto* box = qobject_cast<QLineEdit*>(control);
     if (!box)
         return;
     if (box->text().contains(u'\''))
         box->setText(box->text().remove(u'\''));
-    if (colours == Colours::BlueAndWhite)
-        colour(*box, Qt::white);
+    if (colors == Colors::BlueAndWhite)
+        color(*box, Qt::white);
 }
 
 class Watcher : public QObject {
 public:
-    Watcher(QWidget& box, Colours colours)
+    Watcher(QWidget& box, Colors colors)
         : QObject(&box)
-        , m_colours(colours) {
+        , m_colors(colors) {
         box.installEventFilter(this);
     }
 
@@ -59,35 +59,35 @@ public:
         if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) {
             // The entry goes on. One that has not begun must not end up beside what stands there.
             if (enters && !static_cast<QLineEdit*>(watched)->isModified())
-                gained(box, m_colours);
+                gained(box, m_colors);
             return false;
         }
-        (enters ? gained : lost)(box, m_colours);
+        (enters ? gained : lost)(box, m_colors);
         // The click that brought the focus would drop the selection again.
         if (enters && reason == Qt::MouseFocusReason)
-            QTimer::singleShot(0, box, [this, box] { gained(box, m_colours); });
+            QTimer::singleShot(0, box, [this, box] { gained(box, m_colors); });
         return false;
     }
 
 private:
-    Colours m_colours;
+    Colors m_colors;
 };
 
 } // namespace
 
 void TextBoxFocus::Gained(QWidget* control) {
-    gained(control, Colours::BlueAndWhite);
+    gained(control, Colors::BlueAndWhite);
 }
 
 void TextBoxFocus::Lost(QWidget* control) {
-    lost(control, Colours::BlueAndWhite);
+    lost(control, Colors::BlueAndWhite);
 }
 
-void TextBoxFocus::Attach(QWidget* textBox, Colours colours) {
+void TextBoxFocus::Attach(QWidget* textBox, Colors colors) {
     auto* box = qobject_cast<QLineEdit*>(textBox);
     if (!box)
         return;
-    if (colours == Colours::BlueAndWhite)
-        colour(*box, Qt::white);
-    new Watcher(*box, colours);
+    if (colors == Colors::BlueAndWhite)
+        color(*box, Qt::white);
+    new Watcher(*box, colors);
 }

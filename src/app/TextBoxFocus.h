@@ -14,10 +14,10 @@ void Gained(QWidget* control);
 void Lost(QWidget* control);
 
 /// Blue and white, as above, or the colours that the box has without them.
-enum class Colours { BlueAndWhite, Palette };
+enum class Colors { BlueAndWhite, Palette };
 
 /// Runs both routines whenever the text box is entered and left. Leaving it for another program or
 /// for a message box is not leaving it.
-void Attach(QWidget* textBox, Colours colours = Colours::BlueAndWhite);
+void Attach(QWidget* textBox, Colors colors = Colors::BlueAndWhite);
 
 } // namespace TextBoxFocus

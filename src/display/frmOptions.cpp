@@ -65,15 +65,15 @@ QLabel* makeUnit() {
     return unit;
 }
 
-QColor colourOf(const QLabel& swatch) {
+QColor colorIn(const QLabel& swatch) {
     return swatch.palette().color(QPalette::Window);
 }
 
-void paintSwatch(QLabel& swatch, const QColor& colour) {
+void paintSwatch(QLabel& swatch, const QColor& color) {
     QPalette palette = swatch.palette();
-    palette.setColor(QPalette::Window, colour);
+    palette.setColor(QPalette::Window, color);
     swatch.setPalette(palette);
-    swatch.setAccessibleDescription(colour.name());
+    swatch.setAccessibleDescription(color.name());
 }
 
 } // namespace
@@ -90,19 +90,19 @@ frmOptions::frmOptions(QWidget* parent, std::function<void(QWidget* over)> showA
         layout->setHorizontalSpacing(margin);
         layout->setVerticalSpacing(Theme::Unit); // as high as a small screen lets it
         layout->addWidget(makeFontGroup(), 0, 0, 1, 2);
-        layout->addWidget(makeColourGroup("fraPrimaryColours",
-                                          QStringLiteral("Primary Display Colour"),
-                                          {"lblBackColor_A", "lblBackColorA", "cmdBackColourA",
-                                           "Background Colour:", &DisplaySettings::BColorA},
-                                          {"lblForeColour_A", "lblForeColorA", "cmdForeColourA",
-                                           "Fore Colour:", &DisplaySettings::FColorA}),
+        layout->addWidget(makeColorGroup("fraPrimaryColours",
+                                         QStringLiteral("Primary Display Colour"),
+                                         {"lblBackColor_A", "lblBackColorA", "cmdBackColourA",
+                                          "Background Colour:", &DisplaySettings::BColorA},
+                                         {"lblForeColour_A", "lblForeColorA", "cmdForeColourA",
+                                          "Fore Colour:", &DisplaySettings::FColorA}),
                           1, 0);
-        layout->addWidget(makeColourGroup("fraSecondaryColours",
-                                          QStringLiteral("Secondary Display Colour"),
-                                          {"lblBackColor_B", "lblBackColorB", "cmdBackColourB",
-                                           "Background Colour:", &DisplaySettings::BColorB},
-                                          {"lblForeColour_B", "lblForeColorB", "cmdForeColourB",
-                                           "Fore Colour:", &DisplaySettings::FColorB}),
+        layout->addWidget(makeColorGroup("fraSecondaryColours",
+                                         QStringLiteral("Secondary Display Colour"),
+                                         {"lblBackColor_B", "lblBackColorB", "cmdBackColourB",
+                                          "Background Colour:", &DisplaySettings::BColorB},
+                                         {"lblForeColour_B", "lblForeColorB", "cmdForeColourB",
+                                          "Fore Colour:", &DisplaySettings::FColorB}),
                           1, 1);
         layout->addWidget(makeScreenGroup(), 2, 0);
         layout->addWidget(makePaddingGroup(), 2, 1);
@@ -147,13 +147,13 @@ QGroupBox* frmOptions::makeFontGroup() {
     return group;
 }
 
-QGroupBox* frmOptions::makeColourGroup(const char* name, const QString& caption,
-                                       const ColourRow& back, const ColourRow& fore) {
+QGroupBox* frmOptions::makeColorGroup(const char* name, const QString& caption,
+                                      const ColorRow& back, const ColorRow& fore) {
     auto* group = makeGroup(name, caption);
     auto* layout = new QGridLayout(group);
     layout->setColumnStretch(1, 1);
-    addColour(*layout, 0, back);
-    addColour(*layout, 1, fore);
+    addColor(*layout, 0, back);
+    addColor(*layout, 1, fore);
     return group;
 }
 
@@ -162,12 +162,12 @@ QGroupBox* frmOptions::makeScreenGroup() {
     auto* layout = new QGridLayout(group);
     layout->setColumnStretch(1, 1);
     layout->setColumnStretch(3, 1);
-    auto* colour = new QGridLayout;
-    colour->setColumnStretch(1, 1);
-    addColour(*colour, 0,
-              {"lblBackgroundC", "lblBackground", "cmdBackground",
-               "Colour:", &DisplaySettings::BackGround});
-    layout->addLayout(colour, 0, 0, 1, 4);
+    auto* color = new QGridLayout;
+    color->setColumnStretch(1, 1);
+    addColor(*color, 0,
+             {"lblBackgroundC", "lblBackground", "cmdBackground",
+              "Colour:", &DisplaySettings::BackGround});
+    layout->addLayout(color, 0, 0, 1, 4);
     addNumber(*layout, 1, 0,
               {"lblLMargin", "txtLMargin", "Left Margin:", &DisplaySettings::LeftMargin});
     addNumber(*layout, 1, 2, {"lblRMargin", "txtRMargin", "Right:", &DisplaySettings::RightMargin});
@@ -224,19 +224,19 @@ QLayout* frmOptions::makeFoot() {
     return foot;
 }
 
-void frmOptions::addColour(QGridLayout& layout, int row, const ColourRow& colour) {
-    QLabel* label = makeLabel(colour.label, colour.caption);
-    QLabel* swatch = makeLabel(colour.swatch, "");
+void frmOptions::addColor(QGridLayout& layout, int row, const ColorRow& color) {
+    QLabel* label = makeLabel(color.label, color.caption);
+    QLabel* swatch = makeLabel(color.swatch, "");
     swatch->setFrameStyle(QFrame::Box | QFrame::Plain);
     swatch->setAutoFillBackground(true);
     swatch->setAccessibleName(label->text());
     swatch->setMinimumWidth(10 * Theme::Unit);
-    m_swatches.push_back({swatch, colour.setting});
+    m_swatches.push_back({swatch, color.setting});
     QString purpose = label->text();
     purpose.replace(u':', QStringLiteral("..."));
     swatch->installEventFilter(this);
-    QWidget* button = makeButton(colour.button, QStringLiteral("colour"), purpose,
-                                 [this, swatch] { chooseColour(*swatch); });
+    QWidget* button = makeButton(color.button, QStringLiteral("colour"), purpose,
+                                 [this, swatch] { chooseColor(*swatch); });
     layout.addWidget(label, row, 0);
     layout.addWidget(swatch, row, 1);
     layout.addWidget(button, row, 2);
@@ -246,7 +246,7 @@ void frmOptions::addNumber(QGridLayout& layout, int row, int column, const Numbe
     QLabel* label = makeLabel(number.label, number.caption);
     auto* box = new QLineEdit;
     box->setObjectName(QLatin1StringView(number.box));
-    TextBoxFocus::Attach(box, TextBoxFocus::Colours::Palette);
+    TextBoxFocus::Attach(box, TextBoxFocus::Colors::Palette);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("00000")) +
                        2 * Theme::Unit);
     label->setBuddy(box);
@@ -278,8 +278,8 @@ void frmOptions::load() {
     chkDebugMode->setChecked(settings.DebugMode == DebugOn);
 }
 
-void frmOptions::chooseColour(QLabel& swatch) {
-    QColorDialog dialog(colourOf(swatch), this);
+void frmOptions::chooseColor(QLabel& swatch) {
+    QColorDialog dialog(colorIn(swatch), this);
     dialog.setObjectName(QStringLiteral("ctlDialog"));
     dialog.setWindowTitle(QStringLiteral("Colour Properties"));
     dialog.setOption(QColorDialog::DontUseNativeDialog);
@@ -293,7 +293,7 @@ DisplaySettings frmOptions::edited() const {
     settings.FontName = cboDisplayFont->currentText();
     settings.FontSize = cboDisplaySize->currentText();
     for (const auto& [swatch, setting] : m_swatches)
-        settings.*setting = ColorValue(colourOf(*swatch));
+        settings.*setting = ColorValue(colorIn(*swatch));
     for (const auto& [box, setting] : m_numberBoxes) {
         if (const auto number = ParseNumber(box->text()))
             settings.*setting = ToInt32(*number);
@@ -330,7 +330,7 @@ bool frmOptions::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease)
         for (const Swatch& swatch : m_swatches)
             if (swatch.label == watched)
-                Guarded("lblColour_Click", Component, [&] { chooseColour(*swatch.label); });
+                Guarded("lblColour_Click", Component, [&] { chooseColor(*swatch.label); });
     return QDialog::eventFilter(watched, event);
 }
 

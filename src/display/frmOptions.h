@@ -28,7 +28,7 @@ public:
     frmOptions(QWidget* parent, std::function<void(QWidget* over)> showAbout);
 
 private:
-    struct ColourRow {
+    struct ColorRow {
         const char* label;
         const char* swatch;
         const char* button;
@@ -51,12 +51,12 @@ private:
     };
 
     QGroupBox* makeFontGroup();
-    QGroupBox* makeColourGroup(const char* name, const QString& caption, const ColourRow& back,
-                               const ColourRow& fore);
+    QGroupBox* makeColorGroup(const char* name, const QString& caption, const ColorRow& back,
+                              const ColorRow& fore);
     QGroupBox* makeScreenGroup();
     QGroupBox* makePaddingGroup();
     QLayout* makeFoot();
-    void addColour(QGridLayout& layout, int row, const ColourRow& colour);
+    void addColor(QGridLayout& layout, int row, const ColorRow& color);
     void addNumber(QGridLayout& layout, int row, int column, const NumberRow& number);
     PictureButton* makeButton(const char* name, const QString& icon, const QString& toolTip,
                               const std::function<void()>& action);
@@ -68,7 +68,7 @@ private:
     DisplaySettings edited() const;
     void drawSoon();
     void draw();
-    void chooseColour(QLabel& swatch);
+    void chooseColor(QLabel& swatch);
     void save();
     void resetDatabase();
 

@@ -61,7 +61,7 @@ public:
     /// Reveals what a typed character stands for: "3", "2" or "1"; nothing for any other.
     void Reveal(const QKeyEvent& key);
 
-    /// What the hall cannot see: lines that are outside the board in part or whole, and the
+    /// What the audience cannot see: lines that are outside the board in part or whole, and the
     /// largest listed font size, in points, with which none is; 0 for no such size.
     struct Overflow {
         int Lines = 0;

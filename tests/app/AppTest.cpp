@@ -85,7 +85,7 @@ private slots:
     }
 
     void entersAndLeaves() {
-        using enum TextBoxFocus::Colours;
+        using enum TextBoxFocus::Colors;
         for (const bool isPlain : {false, true}) {
             QWidget screen;
             screen.setPalette(QPalette(Qt::black));

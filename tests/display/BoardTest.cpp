@@ -162,15 +162,15 @@ private slots:
             for (const QColor back : {0x000001, 0x808081, 0xFFFFFE, 0x00FF00, 0x004000}) {
                 label.SetColors(back, fore);
                 const QImage picture = label.grab().toImage();
-                QSet<QRgb> colours;
+                QSet<QRgb> colors;
                 for (int i = 0; i < 138 * 47; ++i) {
-                    const QRgb colour = picture.pixel(i % 138, i / 138);
-                    QVERIFY(colour == back.rgb() || (i % 138 > 0 && i % 138 < 137));
-                    colours.insert(colour);
+                    const QRgb color = picture.pixel(i % 138, i / 138);
+                    QVERIFY(color == back.rgb() || (i % 138 > 0 && i % 138 < 137));
+                    colors.insert(color);
                 }
                 const QColor around = label.OutlineColor().isValid() ? label.OutlineColor() : back;
                 QVERIFY(ContrastRatio(fore, around) >= 4.5);
-                QVERIFY(colours.contains(fore.rgb()) && colours.contains(around.rgb()));
+                QVERIFY(colors.contains(fore.rgb()) && colors.contains(around.rgb()));
             }
     }
 

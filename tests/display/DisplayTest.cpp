@@ -49,7 +49,7 @@ private slots:
     // setting as they were.
     void savesWhatIsChosen() {
         AppFolder folder;
-        const QByteArray before = "; our hall\n[Application]\nFooter=720\nFontName=No Such Font\n"
+        const QByteArray before = "; our notes\n[Application]\nFooter=720\nFontName=No Such Font\n"
                                   "FontSize=33.5\nOurs=1\n[Other]\na=b\n";
         WriteFile(folder.IniPath(), before);
         QVERIFY(modCommon::Settings(modCommon::LoadSettings));
@@ -60,19 +60,19 @@ private slots:
         auto& font = Control<QComboBox>(screen, "cboDisplayFont");
         QCOMPARE(font.currentText(), "No Such Font");
         font.setEditText("Party");
-        const std::tuple<const char*, const char*, QColor, QColor> colours[] = {
+        const std::tuple<const char*, const char*, QColor, QColor> colors[] = {
             {"cmdBackColourA", "lblBackColorA", {192, 64, 0}, {1, 0, 0}},
             {"cmdForeColourA", "lblForeColorA", {255, 255, 128}, {0, 1, 0}},
             {"cmdBackColourB", "lblBackColorB", {128, 64, 0}, {0, 0, 1}},
             {"cmdForeColourB", "lblForeColorB", {255, 255, 128}, {2, 0, 0}},
             {"cmdBackground", "lblBackground", Qt::black, {3, 0, 0}}};
-        for (const auto& [button, swatch, old, chosen] : colours)
+        for (const auto& [button, swatch, old, chosen] : colors)
             for (const bool isCancelled : {true, false}) {
                 const ModalAnswers answers({[&](QDialog& dialog) {
                     QCOMPARE(dialog.windowTitle(), "Colour Properties");
-                    auto& colourDialog = dynamic_cast<QColorDialog&>(dialog);
-                    QCOMPARE(colourDialog.currentColor(), old);
-                    colourDialog.setCurrentColor(chosen);
+                    auto& colorDialog = dynamic_cast<QColorDialog&>(dialog);
+                    QCOMPARE(colorDialog.currentColor(), old);
+                    colorDialog.setCurrentColor(chosen);
                     dialog.done(isCancelled ? QDialog::Rejected : QDialog::Accepted);
                 }});
                 // The button chooses, and so does a click on the colour itself.
@@ -92,7 +92,7 @@ private slots:
                      "txtFooter=abc");
         QVERIFY(!screen.isVisible());
         QCOMPARE(QString(ReadFile(folder.IniPath())).simplified(),
-                 "; our hall [Application] Footer=720 FontName=Party FontSize=33.5 Ours=1 "
+                 "; our notes [Application] Footer=720 FontName=Party FontSize=33.5 Ours=1 "
                  "DebugMode=0 BackGround=3 FColorA=256 BColorA=1 FColorB=2 BColorB=65536 "
                  "CellPadX=1 CellPadY=2 LeftMargin=-3 RightMargin=4 LabelWidth=0 [Other] a=b");
         QVERIFY(modCommon::AppSettings().Footer == 720 && folder.TakeReports().isEmpty());

@@ -195,9 +195,9 @@ go_to() {
 # stored QUERY ANSWER: waits until the database gives the answer, one line a row.
 stored() { comes_to "$2" sqlite3 -readonly -cmd '.timeout 5000' "$folder/Rankelo.MDB" "$1"; }
 
-# colours_down EDGE X [PICTURE]: what the eye meets going down a picture, or the screen, X pixels from
+# colors_down EDGE X [PICTURE]: what the eye meets going down a picture, or the screen, X pixels from
 # its West or East edge.
-colours_down() {
+colors_down() {
     convert "${3:-x:root}" -gravity "$1" -crop "1x0+$2+0" +repage -depth 8 txt:- |
         grep -o '#[0-9A-F]\{6\}' | uniq | paste -sd ' '
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The board of the demo quiz on a desktop with two screens, 1280x720 for the console and 1920x1080
-# for the hall: plays it by keyboard and judges the pictures of both screens.
+# for the audience: plays it by keyboard and judges the pictures of both screens.
 #
 #   desktop.sh openbox|xfwm4|mutter|kwin|sway-xwayland|sway-wayland [PICTURES]
 source "$(dirname "$0")/../driver/driver.sh"
@@ -43,15 +43,15 @@ is_console() { [[ $(convert "$1" -fill black +opaque "$ink" -format '%[fx:mean>0
 # board_is_on SCREEN COLOURS: it fills the screen, has these lines, which begin and end just inside the
 # screen's edges, and the console is to be seen unless it is on the same screen.
 board_is_on() {
-    local hall=$view-screen-$1.png
+    local wall=$view-screen-$1.png
     look
-    [[ $(colours_down West 20 "$hall") == "$2" && $(colours_down East 10 "$hall") == "$2" &&
-        $(colours_down East 4 "$hall") == "$behind" ]] &&
+    [[ $(colors_down West 20 "$wall") == "$2" && $(colors_down East 10 "$wall") == "$2" &&
+        $(colors_down East 4 "$wall") == "$behind" ]] &&
         { (($1 == 1)) || is_console "$view-screen-1.png"; }
 }
 board_is_gone() {
     look
-    [[ $(colours_down West 20 "$view-screen-2.png") != *$pair_a* ]] &&
+    [[ $(colors_down West 20 "$view-screen-2.png") != *$pair_a* ]] &&
         is_console "$view-screen-1.png"
 }
 

@@ -67,18 +67,18 @@ edge=20 # one pixel beside the left margin runs through the boxes that hold the 
 # 34 O'Brien, 32 Quizzy Rascals, 18 Beer Necessities and The Bees Knees, 10, 7
 go_to "Rankelo Results" F8
 below="$black $pair_b $black $pair_a $black"
-comes_to "$below" colours_down West $edge
+comes_to "$below" colors_down West $edge
 for revealed in "3 $black $third $black $third" "2 $black $second" "1 $black $first"; do
     press "${revealed%% *}"
     below="${revealed#* } $below"
-    comes_to "$below" colours_down West $edge
+    comes_to "$below" colors_down West $edge
 done
 go_to "$console" Escape
 go_to "Exit Application" Escape
 press alt+y
 ended_with 0
 [[ $(ls -A "$folder") == "$before" ]] || fail "the folder holds more than before: $(ls -A "$folder")"
-# The next evening begins with an empty quiz, and this one is kept.
+# The next quiz begins empty, and this one is kept.
 start_program
 window "$console"
 focus cmdConfiguration
