@@ -39,6 +39,8 @@ std::unique_ptr<frmMain> Main() {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    // Also when the executable has another name.
+    QApplication::setApplicationName(QString::fromLatin1(ProductInfo::Name));
     QGuiApplication::setDesktopFileName(QStringLiteral("io.github.rankelo.Rankelo"));
     // Only the exit command ends the program, not the last window that closes.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -12,7 +12,7 @@ namespace Messages {
 void Inform(QWidget* parent, const QString& text, const QString& title);
 
 /// A question without an icon; the answer is the button pressed. Esc and the close box answer with
-/// the last of the buttons, the one that changes nothing. Enter presses `initial` when it is given.
+/// `refuse`, a No or a Cancel, which changes nothing. Enter presses `initial` when it is given.
 QMessageBox::StandardButton Ask(QWidget* parent, const QString& text, const QString& title,
                                 QMessageBox::StandardButton agree,
                                 QMessageBox::StandardButton refuse,
