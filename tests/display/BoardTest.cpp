@@ -197,7 +197,7 @@ private slots:
                         for (int i = 0; i < list.LastIndex(); ++i)
                             for (const int part : {1, 4}) {
                                 QLabel& label = board.Element(4 * i + part);
-                                const auto [place, text, advance, font] = drawnText(label);
+                                const auto [place, text, advance, font, color] = drawnText(label);
                                 QCOMPARE(text, label.text());
                                 // A place in the middle, a score at the right.
                                 const double right = label.width() - place.x() - advance;

@@ -197,7 +197,7 @@ private slots:
             ResultsPage::Paint(paper, ResultsPage::Lines("Title", rows));
             QCOMPARE(paper.PagesLeft, 1);
             QSet<double> scores;
-            for (const auto& [place, text, advance, font] : paper.Engine.Texts) {
+            for (const auto& [place, text, advance, font, color] : paper.Engine.Texts) {
                 QVERIFY(text.startsWith("Title") || QFontInfo(font).fixedPitch());
                 const double width = QFontMetricsF(font, &paper).horizontalAdvance(text.trimmed());
                 const QRectF box(place + origin, QSizeF(std::max(width, 1.0), 1));

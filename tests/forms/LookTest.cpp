@@ -303,9 +303,9 @@ private slots:
         // In its middle stand picture, caption and key.
         const RecordedWidget drawn(tile);
         QString words;
-        for (const auto& [place, text, width, font] : drawn.Recorder.Texts)
-            words += text + QString::number(qRound(place.x() + width / 2));
-        QCOMPARE(words, "Exit100Esc100");
+        for (const auto& [place, text, width, font, color] : drawn.Recorder.Texts)
+            words += text + QString::number(qRound(place.x() + width / 2)) + color.name();
+        QCOMPARE(words, "Exit100#1f2a33Esc100#556570");
         const auto& key = drawn.Recorder.Texts[1];
         const QRectF picture = drawn.Recorder.Pictures[0];
         const double below = 200 - key.Place.y() - QFontMetrics(key.Font).descent();

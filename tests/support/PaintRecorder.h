@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPaintEngine>
+#include <QPainter>
 #include <QPixmap>
 #include <QWidget>
 
@@ -11,6 +12,7 @@ struct PaintRecorder : QPaintEngine {
         QString Content;
         double Width;
         QFont Font;
+        QColor Color;
     };
 
     PaintRecorder()
@@ -24,7 +26,7 @@ struct PaintRecorder : QPaintEngine {
     void drawPath(const QPainterPath&) override {}
     Type type() const override { return QPaintEngine::User; }
     void drawTextItem(const QPointF& place, const QTextItem& item) override {
-        Texts.append({place, item.text(), item.width(), item.font()});
+        Texts.append({place, item.text(), item.width(), item.font(), painter()->pen().color()});
     }
 
     QList<Text> Texts;
