@@ -14,17 +14,17 @@ struct DisplaySettings {
     QString FontName;
     QString FontSize;  ///< points, a whole number as text
     QString DebugMode; ///< "1" shows every error on the screen
-    qint32 BackGround = 0;
-    qint32 BColorA = 0;
-    qint32 FColorA = 0;
-    qint32 BColorB = 0;
-    qint32 FColorB = 0;
-    qint32 CellPadX = 0;
-    qint32 CellPadY = 0;
-    qint32 LeftMargin = 0;
-    qint32 RightMargin = 0;
-    qint32 LabelWidth = 0; ///< a divisor of the column width, not a width
-    qint32 Footer = 0;
+    qint32 BackGround{};
+    qint32 BColorA{};
+    qint32 FColorA{};
+    qint32 BColorB{};
+    qint32 FColorB{};
+    qint32 CellPadX{};
+    qint32 CellPadY{};
+    qint32 LeftMargin{};
+    qint32 RightMargin{};
+    qint32 LabelWidth{}; ///< a divisor of the column width, not a width
+    qint32 Footer{};
 
     bool operator==(const DisplaySettings&) const = default;
 };

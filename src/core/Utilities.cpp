@@ -65,12 +65,11 @@ QString Utilities::GetDateTime(qint32 format) {
 }
 
 bool Utilities::FileExists(const QString& path) {
-    return Guarded("FileExists", Component, false,
-                   [&] { return !path.trimmed().isEmpty() && QFileInfo(path).isFile(); });
+    return !path.trimmed().isEmpty() && QFileInfo(path).isFile();
 }
 
 QString Utilities::ReturnTempPath() {
-    return Guarded("ReturnTempPath", Component, QString(), TemporaryFolder);
+    return TemporaryFolder();
 }
 
 bool Utilities::OpenFile(const QString& path) {

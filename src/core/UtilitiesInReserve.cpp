@@ -212,7 +212,7 @@ bool Utilities::FolderDelete(const QString& path) {
 }
 
 bool Utilities::DirectoryExists(const QString& path) {
-    return Guarded("DirectoryExists", Component, false, [&] { return QFileInfo(path).isDir(); });
+    return QFileInfo(path).isDir();
 }
 
 QString Utilities::SystemDirectory() {

@@ -10,8 +10,8 @@ class BoardLayout {
 public:
     /// The left top corner of a line, which is that of its position box.
     struct Place {
-        qint32 Left = 0;
-        qint32 Top = 0;
+        qint32 Left{};
+        qint32 Top{};
     };
 
     /// For a board of this size with so many lines. Error 13 when the font size is no number.

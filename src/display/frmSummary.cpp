@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <ranges>
+
 namespace {
 
 QScreen* screenBeside(const QWidget* console) {
@@ -91,8 +93,6 @@ void frmSummary::ShowBoard() {
     if (!isVisible()) {
         m_awake.emplace();
         showFullScreen();
-        raise();
-        activateWindow();
     }
     // The operator's keys wait until the board is there.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
@@ -160,8 +160,7 @@ void frmSummary::SetLinesOutside(const Overflow& overflow) {
 bool frmSummary::SetLineVisible(qint32 position) {
     return Guarded("SetLineVisible", "frmSummary", false, [&] {
         m_revealed.insert(position);
-        for (qsizetype i = m_controls.size() - 1; i >= 0; --i) {
-            QWidget* control = m_controls[i];
+        for (QWidget* control : std::views::reverse(m_controls)) {
             if (!control->objectName().startsWith(QStringLiteral("lblLabel")))
                 continue;
             const auto tag = ParseNumber(control->property(TagProperty).toString());

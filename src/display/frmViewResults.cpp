@@ -57,7 +57,6 @@ frmViewResults::frmViewResults(QWidget* parent)
     lvResults->header()->setSectionResizeMode(TeamNameColumn, QHeaderView::Stretch);
     lvResults->headerItem()->setTextAlignment(ScoreColumn, Qt::AlignRight | Qt::AlignVCenter);
     lvResults->headerItem()->setTextAlignment(JokerColumn, Qt::AlignCenter);
-    lvResults->setColumnWidth(JokerColumn, 12 * Theme::Unit);
 
     auto* label = new QLabel(QStringLiteral("Print Results To:"));
     label->setObjectName(QStringLiteral("lblPrintResults"));

@@ -152,10 +152,6 @@ void frmResultEntry::setUpColumns() {
     header->setSectionResizeMode(TeamName, QHeaderView::Stretch);
     m_teams->headerItem()->setTextAlignment(Score, Qt::AlignRight | Qt::AlignVCenter);
     m_teams->headerItem()->setTextAlignment(Joker, Qt::AlignCenter);
-    for (const int column : {Score, Joker}) {
-        header->setSectionResizeMode(column, QHeaderView::Fixed);
-        header->resizeSection(column, 12 * Theme::Unit);
-    }
 }
 
 void frmResultEntry::Fill(const QString& roundKey) {

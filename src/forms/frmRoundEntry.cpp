@@ -8,7 +8,6 @@
 #include "data/RoundDAO.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 
 namespace {
 
@@ -69,7 +68,6 @@ frmRoundEntry::frmRoundEntry(QWidget* parent)
                  .emptyText = QStringLiteral("Type a name and press the plus"),
                  .enterAdds = false},
                 {listRounds, addRound, renameRound, removeRound}, parent) {
-    list().header()->resizeSection(0, 10 * Theme::Unit);
     addMoveButtons();
 }
 
@@ -84,7 +82,6 @@ void frmRoundEntry::addMoveButtons() {
     buttons().addWidget(up);
     buttons().addWidget(down);
     setTabOrder(findChild<QWidget*>(QStringLiteral("cmdDelete")), up);
-    setTabOrder(up, down);
     setTabOrder(down, &list());
     connect(up, &PictureButton::clicked, this, [this] { clickMove(MoveUp); });
     connect(down, &PictureButton::clicked, this, [this] { clickMove(MoveDown); });

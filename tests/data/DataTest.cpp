@@ -106,7 +106,7 @@ private slots:
         folder.Open();
         ResultDAO dao;
         Result result;
-        QVERIFY(dao.Save(result));
+        QVERIFY(dao.Save(result) && dao.GetResult(result.ResultID)->Score == 0);
         result = Result(result.ResultID, "r", "O't", -2147483647 - 1, 1);
         QVERIFY(dao.Save(result));
         const auto same = dao.GetResult(result.ResultID);

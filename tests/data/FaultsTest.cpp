@@ -167,9 +167,9 @@ private slots:
     }
 
     // While the disk has no room for a copy of the quiz, there is none, and the quiz is as it was.
-    // None is made of an empty quiz, and two of one minute have two names.
+    // None is made of an empty quiz, and those of one minute have names of their own.
     void keepsWholeCopies() {
-        const QRegularExpression name(R"(^(\d{4}-\d\d-\d\d \d\d\.\d\d( \(2\))?\.MDB)+$)");
+        const QRegularExpression name(R"(^(\d{4}-\d\d-\d\d \d\d\.\d\d( \([23]\))?\.MDB)+$)");
         for (int call = 1, isReached = 1; isReached; ++call) {
             AppFolder folder;
             folder.Open();
@@ -181,9 +181,10 @@ private slots:
             isReached = Disk.Calls >= call;
             Disk = {};
             QVERIFY(isKept != isReached && folder.TakeReports().size() == !isKept);
-            QVERIFY(ReadFile(folder.DatabasePath()) == quiz && AppDatabase().KeepCopy());
+            QVERIFY(ReadFile(folder.DatabasePath()) == quiz && AppDatabase().KeepCopy() &&
+                    AppDatabase().KeepCopy());
             const QStringList copies = folder.Files("Earlier quizzes");
-            QCOMPARE(copies.size(), isKept ? 2 : 1);
+            QCOMPARE(copies.size(), isKept ? 3 : 2);
             QVERIFY2(name.match(copies.join("")).hasMatch(), qPrintable(copies.join("")));
             for (const QString& copy : copies)
                 QCOMPARE(foundIn(folder.Path("Earlier quizzes/" + copy)),

@@ -78,8 +78,8 @@ private slots:
                 // The button chooses, and so does a click on the colour itself.
                 Click(Control<QWidget>(screen, isCancelled ? swatch : button));
                 QVERIFY(answers.AllGiven());
-                QCOMPARE(Control<QLabel>(screen, swatch).palette().color(QPalette::Window),
-                         isCancelled ? old : chosen);
+                const QImage painted = Control<QLabel>(screen, swatch).grab().toImage();
+                QCOMPARE(painted.pixelColor(painted.rect().center()), isCancelled ? old : chosen);
             }
         save(screen, "txtLMargin=1 txtCellWidth=99999999999");
         QCOMPARE(folder.TakeReports(),
@@ -112,6 +112,7 @@ private slots:
         frmOptions screen(nullptr, nullptr);
         ShowScreen(screen);
         auto& size = Control<QComboBox>(screen, "cboDisplaySize");
+        QCOMPARE(size.count(), ListedSizes().size());
         size.setFocus();
         auto& preview = *screen.findChild<BoardPreview*>();
         for (const auto& [points, margin] : {std::pair("7", 900), {"70", 0}, {"big", 0}}) {

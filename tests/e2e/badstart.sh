@@ -7,7 +7,6 @@ contents() { (cd "$folder" && find . -type f -exec sha256sum {} + | sort && find
 
 begin badstart
 open_display 1280x720
-
 new_folder wrong "$project/scripts/demo.sql"
 printf '[Application]\nFontSize=32\nCellPadX=wide\n' >"$folder/Rankelo.INI"
 before=$(contents)

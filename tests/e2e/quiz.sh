@@ -64,7 +64,6 @@ tequila & lime|4 2 1
 The Bees Knees|6j 5 1"
 
 edge=20 # one pixel beside the left margin runs through the boxes that hold the positions
-# 34 O'Brien, 32 Quizzy Rascals, 18 Beer Necessities and The Bees Knees, 10, 7
 go_to "Rankelo Results" F8
 below="$black $pair_b $black $pair_a $black"
 comes_to "$below" colors_down West $edge

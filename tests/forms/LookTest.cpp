@@ -139,7 +139,8 @@ bool hasRoom(const QWidget& screen, const QWidget& control) {
     for (int row = 0; list && row < list->topLevelItemCount(); ++row) {
         const QTreeWidgetItem& item = *list->topLevelItem(row);
         const int height = list->visualItemRect(&item).height();
-        fits = fits && height == list->header()->height() && height > list->fontMetrics().height();
+        fits = fits && height == list->header()->height() &&
+               height >= list->fontMetrics().height() + Theme::Unit;
         for (int column = 0; column < list->columnCount(); ++column) // as its head stands
             fits &= item.textAlignment(column) == list->headerItem()->textAlignment(column);
     }
@@ -295,11 +296,11 @@ private slots:
         tile.resize(200, 200);
         // Under the pointer it is tinted, and pressed more so.
         const auto face = [&] { return tile.grab().toImage().pixelColor(20, 20).name(); };
-        QString faces = face();
+        QString faces = tile.grab().toImage().pixelColor(0, 100).name() + face();
         tile.setAttribute(Qt::WA_UnderMouse);
         faces += face();
         tile.setDown(true);
-        QCOMPARE(faces + face(), "#ffffff#e0f3f9#b3e0f0");
+        QCOMPARE(faces + face(), "#5c6a76#ffffff#e0f3f9#b3e0f0");
         // In its middle stand picture, caption and key.
         const RecordedWidget drawn(tile);
         QString words;
@@ -359,10 +360,10 @@ private:
         if (!isOurs(control))
             return;
         expect(hasRoom(screen, control), "is cut");
-        const bool isPicture = qobject_cast<PictureButton*>(&control);
-        expect(!isPicture || control.height() == 5 * Theme::Unit, "is hard to hit");
-        const QColor word = control.palette().color(QPalette::ButtonText);
-        expect((word == Theme::Warning()) == (name == "cmdReset"), "warns, or not");
+        const bool isSmall = control.height() != 5 * Theme::Unit;
+        expect(!isSmall || !qobject_cast<PictureButton*>(&control), "is hard to hit");
+        const bool warns = control.palette().color(QPalette::ButtonText) == Theme::Warning();
+        expect(warns == (name == "cmdReset"), "warns, or not");
         expect(showsItsPurpose(control), "does not show its purpose");
         const bool isButton = qobject_cast<QAbstractButton*>(&control);
         const bool isByKey = control.focusPolicy() & Qt::TabFocus;
