@@ -151,7 +151,6 @@ QGroupBox* frmOptions::makeColorGroup(const char* name, const QString& caption,
                                       const ColorRow& back, const ColorRow& fore) {
     auto* group = makeGroup(name, caption);
     auto* layout = new QGridLayout(group);
-    layout->setColumnStretch(1, 1);
     addColor(*layout, 0, back);
     addColor(*layout, 1, fore);
     return group;
@@ -160,8 +159,6 @@ QGroupBox* frmOptions::makeColorGroup(const char* name, const QString& caption,
 QGroupBox* frmOptions::makeScreenGroup() {
     auto* group = makeGroup("fraBackGround", QStringLiteral("Screen Settings"));
     auto* layout = new QGridLayout(group);
-    layout->setColumnStretch(1, 1);
-    layout->setColumnStretch(3, 1);
     auto* color = new QGridLayout;
     color->setColumnStretch(1, 1);
     addColor(*color, 0,

@@ -57,7 +57,6 @@ void EntryForm::build() {
     layout->addWidget(frame);
     Theme::Resize(*this, 80, 68);
 
-    m_buttons->setSpacing(Theme::Unit);
     // The row of the entry box first, for that is where a quiz's typing happens.
     QWidget* last = m_box;
     const auto addButton = [&](const char* name, const char* icon, const QString& toolTip,

@@ -57,8 +57,7 @@ private slots:
         }
     }
 
-    // What a value that cannot be a line stops is not saved; what came before it is. A folder in
-    // the place of the file is told.
+    // All before a value that cannot be a line. A folder in the place of the file is told.
     void savesWhatItCan() {
         const AppFolder folder;
         modCommon::AppSettings() = {};

@@ -61,7 +61,6 @@ private slots:
         }
         QCOMPARE(outcome([] { return ToInt32(QVariant()); }), "error 94");
         QCOMPARE(outcome([] { return ToInt32(QVariant(qint64{1} << 31)); }), "error 6");
-        // Sums, differences and products never wrap.
         QCOMPARE(outcome([] { return CheckedAdd(2147483647, -1); }), "2147483646");
         QCOMPARE(outcome([] { return CheckedAdd(2147483647, 1); }), "error 6");
         QCOMPARE(outcome([] { return CheckedSubtract(-2147483647, 1); }), "-2147483648");
@@ -152,7 +151,7 @@ private slots:
         const QString a = folder.Path("a"), sub = folder.Path("sub %1/"), b = sub + "b",
                       c = sub + "c", d = sub + "d", path = "C:\\x/y\\a.b.txt",
                       unsized = QFile::exists("/proc/version") ? "/proc/version" : a;
-        WriteFile(a, "new");
+        WriteFile(a, QByteArray(3 << 20, 'x'));
         QCOMPARE(u.GetFileFromPath(path) + u.GetFileFromPath("a.b"), "a.b.txt");
         QCOMPARE(u.GetPathFromFile(path) + u.GetPathFromFile("a.b"), "C:\\x/y");
         QCOMPARE(u.GetFileExtension(path) + u.GetFileExtension("txt") + u.GetFileVersion(a), "txt");
@@ -162,7 +161,7 @@ private slots:
                 QFile::permissions(b) == QFile::permissions(a));
         QVERIFY(u.CopyFile(unsized, c) && u.MoveFile(c, d) && u.FileExists(b));
         QVERIFY(u.DirectoryExists(u.SystemDirectory()) && u.DirectoryExists(u.ReturnTempPath()));
-        QVERIFY(ReadFile(b) == "new" && ReadFile(d) == ReadFile(unsized));
+        QVERIFY(ReadFile(b) == ReadFile(a) && ReadFile(d) == ReadFile(unsized));
         const QList<bool> refused = {
             u.FileExists(c),        u.FileExists(sub),       u.OpenFile(a),
             u.DirectoryExists(a),   u.FileDelete(" "),       u.FolderDelete(" "),

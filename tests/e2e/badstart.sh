@@ -31,8 +31,7 @@ for start in "0 /dev/null" "1 /dev/null" "0 $place/home/.xsession-errors"; do
 done
 rm "$place/stderr"
 
-# From a CD or from somebody else's folder, whatever its name: everything can be seen, and what
-# cannot be stored is told.
+# From a CD or somebody else's folder: everything can be seen, and what cannot be stored is told.
 new_folder 'Quiz #7 100% ?mode=memory' "$project/scripts/demo.sql"
 chmod -R a-w,a+rX "$folder"
 if ((EUID == 0)); then

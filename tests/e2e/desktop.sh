@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # The board of the demo quiz on a desktop with two screens, 1280x720 for the console and 1920x1080
 # for the audience: plays it by keyboard and judges the pictures of both screens.
-#
 #   desktop.sh openbox|xfwm4|mutter|kwin|sway-xwayland|sway-wayland [PICTURES]
 source "$(dirname "$0")/../driver/driver.sh"
 

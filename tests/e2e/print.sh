@@ -2,7 +2,6 @@
 # Prints standings through a print service of our own, on a loopback port, and reads the sheets
 # that come out: what stands on them, which printer is the default afterwards, and what happens
 # when a printer is gone or the whole service deaf.
-#
 # The driver for printing into files works only as root.
 ((EUID == 0)) || exec sudo --preserve-env=RANKELO_APP_DIR,RANKELO_FOCUS_PROBE "$0"
 source "$(dirname "$0")/../driver/driver.sh"

@@ -104,6 +104,7 @@ private slots:
             {Round, "=O'x !Return cmdAdd =y cmdAdd", "1 Music|2 Films|3 Sport|4 Ox|5 y"},
             // A column that is pasted becomes a record a line, up to the first that fails.
             {Round, "=O +x//y/ =z cmdAdd", "1 Music|2 Films|3 Sport|4 Ox|5 y|6 z"},
+            {Team, "+Dogs/ =y !Return", "Ants|Bees|Cats|Dogsy"},
             {Team, "+Dogs/x/Eels" + failed + "!Return" + failed, "Ants|Bees|Cats|Dogs", same,
              refuse("INSERT ON Teams WHEN NEW.TeamName = 'x'")},
             // A double click on the plus adds once, on an arrow it moves twice.

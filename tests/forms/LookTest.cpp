@@ -31,8 +31,7 @@ Screen resultsWindow() {
     return screen;
 }
 
-// Every screen but the board, filled, how it is laid out, and the order in which Tab visits its
-// controls.
+// Every screen but the board, filled; how it is laid out, and the way of Tab through it.
 const struct {
     Screen (*Make)();
     const char* Layout;
@@ -41,11 +40,11 @@ const struct {
     {Make<frmMain>, "frmMain 13, 11 grow: 8 16 24 apart, 11 15.4",
      "cboRounds chkShowAllRound cmdRoundSetup cmdTeamSetup cmdResultsEntry cmdDisplayRound "
      "cmdDisplayLeader cmdViewResults cmdViewLeader cmdConfiguration cmdExit"},
-    {Make<frmTeamEntry>, "frmTeamEntry 7, 3 grow: 8 16 apart, 11 points, 80x68, 8 in the list",
+    {Make<frmTeamEntry>, "frmTeamEntry 7, 3 grow: 8 16 apart, 11, 80x68 units, 8 into the list",
      "txtTeamName cmdAdd cmdEdit cmdDelete lvTeams"},
-    {Make<frmRoundEntry>, "frmRoundEntry 9, 3 grow: 8 16 apart, 11 points, 80x68, 8 in the list",
+    {Make<frmRoundEntry>, "frmRoundEntry 9, 3 grow: 8 16 apart, 11, 80x68 units, 8 into the list",
      "txtRoundName cmdAdd cmdEdit cmdDelete cmdMove_0 cmdMove_1 lvRounds"},
-    {ResultScreen, "frmResultEntry 8, 3 grow: 8 16 apart, 11 points, 90x70, 48 in the list",
+    {ResultScreen, "frmResultEntry 8, 3 grow: 8 16 apart, 11, 90x70 units, 48 into the list",
      "lvTeams cboRounds"},
     {[] {
          return Screen(
@@ -57,7 +56,7 @@ const struct {
      "cboDisplayFont cboDisplaySize cmdBackColourA cmdForeColourA cmdBackColourB cmdForeColourB "
      "cmdBackground txtLMargin txtRMargin txtFooter txtCellPadX txtCellPadY txtCellWidth "
      "cmdReset chkDebugMode cmdSave cmdClose cmdAbout"},
-    {resultsWindow, "frmViewResults 4, 2 grow: 16 apart, 11 points, 90x70, 8 in the list",
+    {resultsWindow, "frmViewResults 4, 2 grow: 16 apart, 11, 90x70 units, 8 into the list",
      "lvResults cboPrinter cmdPrint"},
     {Make<frmAbout>, "frmAbout 7, 0 grow: 8 32 apart, 11 14 28", "cmdClose"},
 };
@@ -104,7 +103,7 @@ QString layoutOf(QWidget& screen) {
     for (const double points : letters)
         text += QString(" %1").arg(points);
     if (const auto* list = screen.findChild<QTreeWidget*>())
-        text += QString(" points, %1x%2, %3 in the list")
+        text += QString(", %1x%2 units, %3 into the list")
                     .arg(screen.width() / Theme::Unit)
                     .arg(screen.height() / Theme::Unit)
                     .arg(RecordedWidget(*list->viewport()).Recorder.Texts[0].Place.x());

@@ -3,7 +3,6 @@
 #include "app/Messages.h"
 #include "core/AppPaths.h"
 #include "core/Utilities.h"
-#include "forms/frmEntry.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -93,9 +92,7 @@ private slots:
     // A release would click the button that is down.
     void keepsReleasesFromItsControls() {
         const std::tuple<Screen (*)(), const char*, bool> buttons[] = {
-            {Make<frmMain>, "chkShowAllRound", false},
-            {[] { return Screen(new frmEntry(nullptr, {})); }, "chkJoker", false},
-            {Make<frmTeamEntry>, "cmdAdd", true}};
+            {Make<frmMain>, "chkShowAllRound", false}, {Make<frmTeamEntry>, "cmdAdd", true}};
         for (const auto& [make, name, arrives] : buttons) {
             const Opened screen(make);
             auto& button = screen.Get<QAbstractButton>(name);
