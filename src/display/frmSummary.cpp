@@ -14,8 +14,6 @@
 #include <QScreen>
 #include <QTimer>
 
-#include <ranges>
-
 namespace {
 
 QScreen* screenBeside(const QWidget* console) {
@@ -160,7 +158,8 @@ void frmSummary::SetLinesOutside(const Overflow& overflow) {
 bool frmSummary::SetLineVisible(qint32 position) {
     return Guarded("SetLineVisible", "frmSummary", false, [&] {
         m_revealed.insert(position);
-        for (QWidget* control : std::views::reverse(m_controls)) {
+        for (qsizetype i = m_controls.size() - 1; i >= 0; --i) {
+            QWidget* control = m_controls[i];
             if (!control->objectName().startsWith(QStringLiteral("lblLabel")))
                 continue;
             const auto tag = ParseNumber(control->property(TagProperty).toString());
